@@ -1,0 +1,85 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <string>
+
+#include "platform/PortWatchLinux.h"
+#include "support/WatchRecorder.h"
+
+namespace zelorgas {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Each;
+using testing::ElementsAre;
+using testing::SizeIs;
+
+class WatchedFolder : public testing::Test {
+ protected:
+  WatchedFolder() {
+    std::string name = (fs::temp_directory_path() / "watched-XXXXXX").string();
+    folder_ = mkdtemp(name.data());
+  }
+  ~WatchedFolder() override { fs::remove_all(folder_); }
+
+  void Plug(const std::string& name) { std::ofstream(folder_ / name) << ""; }
+
+  fs::path folder_;
+  WatchRecorder recorder_;
+};
+
+TEST(SerialPortName, IsToldFromOtherDevices) {
+  for (const char* name : {"ttyS0", "ttyUSB12", "ttyACM0", "ttyAMA0", "rfcomm0"}) {
+    EXPECT_TRUE(IsSerialPortName(name)) << name;
+  }
+  for (const char* name : {"", "tty", "tty1", "tty63", "null", "ptmx", "sda1", "bus", "xttyUSB0"}) {
+    EXPECT_FALSE(IsSerialPortName(name)) << name;
+  }
+}
+
+TEST_F(WatchedFolder, ReportsEveryKindOfChangeOfASerialPortOnce) {
+  auto watcher = WatchPortFolder(folder_, recorder_.Notify());
+  Plug("null");
+  Plug("ttyUSB0");
+  ASSERT_TRUE(recorder_.WaitFor(1)) << "plugged";
+  fs::permissions(folder_ / "null", fs::perms::owner_read);
+  fs::permissions(folder_ / "ttyUSB0", fs::perms::owner_read);
+  ASSERT_TRUE(recorder_.WaitFor(2)) << "permissions";
+  fs::rename(folder_ / "ttyUSB0", folder_ / "sda");
+  ASSERT_TRUE(recorder_.WaitFor(3)) << "renamed away";
+  fs::rename(folder_ / "sda", folder_ / "ttyUSB0");
+  ASSERT_TRUE(recorder_.WaitFor(4)) << "renamed back";
+  fs::remove(folder_ / "null");
+  fs::remove(folder_ / "ttyUSB0");
+  ASSERT_TRUE(recorder_.WaitFor(5)) << "unplugged";
+  EXPECT_FALSE(watcher->Ended());
+  watcher.reset();
+  Plug("ttyUSB0");
+  EXPECT_THAT(recorder_.Events(), testing::AllOf(SizeIs(5), Each(PortWatchEvent::kChanged)));
+}
+
+TEST_F(WatchedFolder, EndsAtOnceWhileNothingHappens) {
+  for (int i = 0; i < 100; ++i) WatchPortFolder(folder_, recorder_.Notify()).reset();
+  EXPECT_THAT(recorder_.Events(), SizeIs(0));
+}
+
+TEST_F(WatchedFolder, ThatIsNotThereCannotBeOpened) {
+  for (const fs::path& path : {folder_ / "missing", fs::path("/dev/null")}) {
+    WatchRecorder recorder;
+    const auto watcher = WatchPortFolder(path, recorder.Notify());
+    EXPECT_TRUE(WaitForEnd(*watcher)) << path;
+    EXPECT_THAT(recorder.Events(), ElementsAre(PortWatchEvent::kOpenFailed)) << path;
+  }
+}
+
+TEST_F(WatchedFolder, ThatGoesAwayCannotBeTracked) {
+  const auto watcher = WatchPortFolder(folder_, recorder_.Notify());
+  fs::remove(folder_);
+  EXPECT_TRUE(WaitForEnd(*watcher));
+  EXPECT_THAT(recorder_.Events(), ElementsAre(PortWatchEvent::kTrackingFailed));
+}
+
+}  // namespace
+}  // namespace zelorgas

@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include "platform/TermiosSettings.h"
+
+namespace zelorgas {
+namespace {
+
+// A terminal as a login shell leaves it.
+termios CookedTerminal() {
+  termios t{};
+  t.c_iflag = ICRNL | IXON | IXANY | INPCK | ISTRIP | BRKINT;
+  t.c_oflag = OPOST | ONLCR;
+  t.c_lflag = ICANON | ECHO | ISIG | IEXTEN;
+  t.c_cflag = CS8 | CREAD | HUPCL | CSTOPB | CRTSCTS;
+  cfsetspeed(&t, B38400);
+  return t;
+}
+
+TEST(TermiosSettings, CharacterShapeFollowsTheSettings) {
+  struct Row {
+    LineSettings settings;
+    tcflag_t shape;
+    speed_t speed;
+  };
+  const Row rows[] = {
+      {{.baud = 19200, .data_bits = 7, .parity = Parity::kEven}, CS7 | PARENB, B19200},
+      {{.baud = 9600}, CS8, B9600},
+      {{.parity = Parity::kOdd, .stop_bits = StopBits::kTwo},
+       CS8 | PARENB | PARODD | CSTOPB,
+       B9600},
+      {{.data_bits = 6, .parity = Parity::kMark}, CS6 | PARENB | PARODD | CMSPAR, B9600},
+      {{.baud = 921600, .parity = Parity::kSpace}, CS8 | PARENB | CMSPAR, B921600},
+      {{.baud = 50, .data_bits = 5, .stop_bits = StopBits::kOneAndHalf}, CS5 | CSTOPB, B50},
+  };
+  for (const Row& row : rows) {
+    const std::optional<termios> t = WithLineSettings(CookedTerminal(), row.settings);
+    ASSERT_TRUE(t);
+    EXPECT_EQ(t->c_cflag & (CSIZE | PARENB | PARODD | CMSPAR | CSTOPB), row.shape);
+    EXPECT_EQ(cfgetospeed(&*t), row.speed);
+    EXPECT_EQ(cfgetispeed(&*t), row.speed);
+  }
+}
+
+TEST(TermiosSettings, LineIsRawAndParityUnchecked) {
+  const std::optional<termios> t = WithLineSettings(CookedTerminal(), {.parity = Parity::kEven});
+  ASSERT_TRUE(t);
+  EXPECT_EQ(t->c_iflag, tcflag_t{0});
+  EXPECT_EQ(t->c_oflag & OPOST, tcflag_t{0});
+  EXPECT_EQ(t->c_lflag, tcflag_t{0});
+  EXPECT_EQ(t->c_cflag & CRTSCTS, tcflag_t{0});
+  EXPECT_EQ(t->c_cflag & (CREAD | CLOCAL | HUPCL), tcflag_t{CREAD | CLOCAL | HUPCL});
+}
+
+TEST(TermiosSettings, FlowControlBits) {
+  const auto with = [](std::uint8_t flags) {
+    return WithLineSettings(CookedTerminal(), {.flow_control = flags});
+  };
+  const std::optional<termios> lines = with(kFlowCtsRts);
+  ASSERT_TRUE(lines);
+  EXPECT_EQ(lines->c_cflag & CRTSCTS, CRTSCTS);
+  EXPECT_EQ(lines->c_iflag, tcflag_t{0});
+  const std::optional<termios> characters = with(kFlowXonXoff);
+  ASSERT_TRUE(characters);
+  EXPECT_EQ(characters->c_cflag & CRTSCTS, tcflag_t{0});
+  EXPECT_EQ(characters->c_iflag, tcflag_t{IXON | IXOFF});
+  EXPECT_EQ(characters->c_cc[VSTART], 0x11);
+  EXPECT_EQ(characters->c_cc[VSTOP], 0x13);
+  EXPECT_FALSE(with(kFlowDsrDtr));
+}
+
+TEST(TermiosSettings, WhatNoDriverUnderstandsIsRefused) {
+  const LineSettings refused[] = {
+      {.baud = 0},
+      {.baud = 19201},
+      {.data_bits = 4},
+      {.data_bits = 9},
+      {.parity = static_cast<Parity>(5)},
+      {.stop_bits = StopBits::kOneAndHalf},
+      {.data_bits = 5, .stop_bits = StopBits::kTwo},
+  };
+  for (const LineSettings& settings : refused) {
+    EXPECT_FALSE(WithLineSettings(CookedTerminal(), settings))
+        << settings.baud << ' ' << int{settings.data_bits};
+  }
+}
+
+TEST(TermiosSettings, ReadBackMustBeWhatWasAskedExceptTheBitsOfAPseudoTerminal) {
+  const termios wanted =
+      *WithLineSettings(CookedTerminal(), {.baud = 19200, .data_bits = 7, .parity = Parity::kEven});
+  EXPECT_TRUE(IsSameLine(wanted, wanted, false));
+
+  termios eight_bits = wanted;
+  eight_bits.c_cflag = (eight_bits.c_cflag & ~tcflag_t{CSIZE | PARENB}) | CS8;
+  EXPECT_FALSE(IsSameLine(wanted, eight_bits, false));
+  EXPECT_TRUE(IsSameLine(wanted, eight_bits, true));
+
+  termios other_speed = wanted;
+  cfsetspeed(&other_speed, B9600);
+  EXPECT_FALSE(IsSameLine(wanted, other_speed, true));
+
+  termios cooked = wanted;
+  cooked.c_lflag |= ICANON;
+  EXPECT_FALSE(IsSameLine(wanted, cooked, true));
+
+  termios checked = wanted;
+  checked.c_iflag |= INPCK;
+  EXPECT_FALSE(IsSameLine(wanted, checked, true));
+}
+
+}  // namespace
+}  // namespace zelorgas
