@@ -1,0 +1,200 @@
+// A line that goes wrong in every way, in both framings: each exchange ends in the right result
+// within its time, and the first good answer afterwards is accepted.
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "link/AsciiFrame.h"
+#include "link/ModbusSerialPort.h"
+#include "link/RtuFrame.h"
+#include "support/ScriptedPort.h"
+
+namespace zelorgas {
+namespace {
+
+using std::chrono::milliseconds;
+using Frame = std::vector<std::uint8_t>;
+
+constexpr std::uint16_t kCount = 32;  // the longest read in use: an answer of 139 characters
+// The end time-out, the failure pause, and for RTU the per-byte part of the read time-out.
+constexpr double kLongestMs = 2000 + 520;
+
+class BadLine : public testing::TestWithParam<FramingMode> {
+ protected:
+  BadLine() {
+    for (std::uint16_t i = 0; i < kCount; ++i) {
+      words_.push_back(static_cast<std::uint16_t>(0x1111U * (i % 16U) + i));
+    }
+    unit_ = {ECU_SLAVE_ADDRESS, 3, 2 * kCount};
+    for (const std::uint16_t word : words_) {
+      unit_.push_back(static_cast<std::uint8_t>(word >> 8U));
+      unit_.push_back(static_cast<std::uint8_t>(word & 0xFFU));
+    }
+    port_.SetFraming(GetParam());
+    port_.SetDataBits(8);
+    EXPECT_TRUE(port_.Open(1, 19200, 255));
+  }
+
+  [[nodiscard]] bool Ascii() const { return GetParam() == FramingMode::kAscii; }
+
+  [[nodiscard]] Frame FrameOf(const Frame& unit) const {
+    Frame frame;
+    Ascii() ? EncodeAsciiFrame(unit, frame) : EncodeRtuFrame(unit, frame);
+    return frame;
+  }
+
+  // Reads the registers while the line answers with `script` (after the echo, where there is one).
+  ModbusResult Read(LineScript script) {
+    line_.on_request = [&](std::span<const std::uint8_t> request) {
+      LineScript all = script;
+      if (Ascii()) all.insert(all.begin(), {milliseconds{0}, {request.begin(), request.end()}});
+      return all;
+    };
+    got_.clear();
+    const double started_ms = clock_.ElapsedMs();
+    const ModbusResult result = port_.ReadHoldingRegisters(ECU_SLAVE_ADDRESS, 256, kCount, got_);
+    EXPECT_LE(clock_.ElapsedMs() - started_ms, kLongestMs);
+    return result;
+  }
+  ModbusResult Read(Frame frame) { return Read(LineScript{{milliseconds{5}, std::move(frame)}}); }
+
+  // The exchange after a bad one.
+  void ExpectNextIsGood(const std::string& after) {
+    EXPECT_EQ(Read(FrameOf(unit_)), ModbusResult::kOk) << "after " << after;
+    EXPECT_EQ(got_, words_) << "after " << after;
+  }
+
+  VirtualClock clock_;
+  ScriptedPort line_{clock_};
+  ModbusSerialPort port_{line_.Opener(), clock_};
+  std::vector<std::uint16_t> words_;
+  std::vector<std::uint16_t> got_;
+  Frame unit_;
+};
+
+TEST_P(BadLine, NoSingleBitFlipGivesAWrongValue) {
+  const Frame good = FrameOf(unit_);
+  ASSERT_EQ(good.size(), Ascii() ? 139U : 69U);
+  int refused = 0;
+  for (std::size_t bit = 0; bit < good.size() * 8; ++bit) {
+    Frame bad = good;
+    bad[bit / 8] ^= static_cast<std::uint8_t>(1U << (bit % 8));
+    const ModbusResult result = Read(bad);
+    if (result == ModbusResult::kOk) {
+      // A digit 0 that became no digit at all still counts as 0.
+      EXPECT_TRUE(Ascii());
+      EXPECT_EQ(got_, words_) << "bit " << bit;
+    } else {
+      EXPECT_TRUE(got_.empty());
+      EXPECT_EQ(result, ModbusResult::kCrcError) << "bit " << bit;
+      ++refused;
+    }
+  }
+  EXPECT_GT(refused, Ascii() ? 700 : 551);
+  ExpectNextIsGood("bit flips");
+}
+
+TEST_P(BadLine, EveryTruncationIsRefused) {
+  const Frame good = FrameOf(unit_);
+  for (std::size_t length = 0; length < good.size(); ++length) {
+    const Frame start(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(length));
+    EXPECT_EQ(Read(start), length == 0 ? ModbusResult::kTimeOut : ModbusResult::kCrcError)
+        << length;
+    EXPECT_TRUE(got_.empty());
+  }
+  ExpectNextIsGood("truncations");
+}
+
+TEST_P(BadLine, EverySplitOfAGoodAnswerIsAccepted) {
+  const Frame good = FrameOf(unit_);
+  // RTU ends a frame at a gap of 2 ms at this speed.
+  for (const int gap_ms : {0, 1, Ascii() ? 700 : 1}) {
+    for (std::size_t at = 1; at < good.size(); ++at) {
+      const auto middle = good.begin() + static_cast<std::ptrdiff_t>(at);
+      EXPECT_EQ(Read(LineScript{{milliseconds{5}, {good.begin(), middle}},
+                                {milliseconds{5 + gap_ms}, {middle, good.end()}}}),
+                ModbusResult::kOk)
+          << "split at " << at << ", " << gap_ms << " ms apart";
+      EXPECT_EQ(got_, words_);
+    }
+  }
+}
+
+TEST_P(BadLine, AnswersToSomethingElse) {
+  struct Case {
+    const char* what;
+    std::size_t byte;
+    std::uint8_t value;
+    ModbusResult result;
+  };
+  const std::array cases{
+      Case{"another unit", 0, 12, ModbusResult::kInvalidResponse},
+      Case{"another function", 1, 4, ModbusResult::kInvalidResponse},
+      Case{"a wrong byte count", 2, 9, ModbusResult::kOk},
+      Case{"the highest normal function", 1, 0x80, ModbusResult::kInvalidResponse},
+  };
+  for (const Case& c : cases) {
+    Frame unit = unit_;
+    unit[c.byte] = c.value;
+    EXPECT_EQ(Read(FrameOf(unit)), c.result) << c.what;
+  }
+  Frame fewer(unit_.begin(), unit_.end() - 2);
+  EXPECT_EQ(Read(FrameOf(fewer)), ModbusResult::kInvalidResponse) << "one register short";
+  for (const int code : {1, 2, 3, 4, 5, 6, 0, 77, 255}) {
+    EXPECT_EQ(Read(FrameOf({ECU_SLAVE_ADDRESS, 0x83, static_cast<std::uint8_t>(code)})),
+              ExceptionResult(static_cast<std::uint8_t>(code)));
+  }
+  ExpectNextIsGood("answers to something else");
+}
+
+TEST_P(BadLine, JunkAroundTheAnswer) {
+  const Frame good = FrameOf(unit_);
+  Frame before = Bytes("xy");
+  before.insert(before.end(), good.begin(), good.end());
+  EXPECT_EQ(Read(before), ModbusResult::kCrcError);
+  Frame after = good;
+  after.insert(after.end(), {'x', 'y'});
+  // In ASCII the last character is no LF and the frame is taken by its end; RTU knows the length.
+  EXPECT_EQ(Read(after), Ascii() ? ModbusResult::kCrcError : ModbusResult::kOk);
+  EXPECT_EQ(Read(LineScript{{milliseconds{5}, good}, {milliseconds{40}, Bytes("xy")}}),
+            ModbusResult::kOk)
+      << "junk that comes later";
+  ExpectNextIsGood("junk");
+}
+
+TEST_P(BadLine, ALateOrSecondAnswerIsNotTakenForTheNext) {
+  Frame stale_unit = unit_;
+  stale_unit[4] ^= 0xFFU;
+  const Frame stale = FrameOf(stale_unit);
+  // Anywhere in the failure pause; the next request purges it.
+  for (const int late_ms : {1001, 1500, 1999}) {
+    const int past_read = Ascii() ? 0 : 4;  // RTU waits 1 ms longer for each byte it asked for
+    EXPECT_EQ(Read(LineScript{{milliseconds{late_ms + past_read}, stale}}), ModbusResult::kTimeOut)
+        << late_ms;
+    ExpectNextIsGood("an answer after " + std::to_string(late_ms) + " ms");
+  }
+  EXPECT_EQ(Read(LineScript{{milliseconds{5}, FrameOf(unit_)}, {milliseconds{30}, stale}}),
+            ModbusResult::kOk);
+  EXPECT_EQ(got_, words_);
+  clock_.Sleep(milliseconds{50});
+  ExpectNextIsGood("a duplicate");
+}
+
+TEST_P(BadLine, EndlessNoiseEndsInTime) {
+  LineScript noise;
+  for (int i = 0; i < 5000; ++i) noise.push_back({milliseconds{i / 2}, Bytes("U*")});
+  EXPECT_EQ(Read(noise), ModbusResult::kCrcError);
+  LineScript with_ends;
+  for (int i = 0; i < 5000; ++i) with_ends.push_back({milliseconds{i / 2}, Bytes(":\n")});
+  EXPECT_EQ(Read(with_ends), ModbusResult::kCrcError);
+  clock_.Sleep(milliseconds{5000});
+  ExpectNextIsGood("noise");
+}
+
+INSTANTIATE_TEST_SUITE_P(Framing, BadLine, testing::Values(FramingMode::kAscii, FramingMode::kRtu),
+                         [](const auto& row) {
+                           return row.param == FramingMode::kAscii ? "Ascii" : "Rtu";
+                         });
+
+}  // namespace
+}  // namespace zelorgas
