@@ -1,0 +1,31 @@
+// Moves the configuration block between the ECU and the program: 19 requests of at most 32
+// registers.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+
+#include "config/ConfigurationBlock.h"
+#include "link/ModbusMaster.h"
+
+namespace zelorgas {
+
+// Called after each chunk that went through, outside the link lock: `offset` is the chunk's first
+// word, `words` what the ECU now holds there. Progress is (offset + words.size()) of kBlockWords.
+using ChunkDone = std::function<void(std::size_t offset, std::span<const std::uint16_t> words)>;
+
+// Reads the block chunk by chunk. The first failed request abandons the read with its result;
+// chunks that came before it have been handed over and stay.
+ModbusResult ReadBlock(ModbusMaster& master, const ChunkDone& store);
+
+// Writes the block chunk by chunk. The first failed request stops the write with its result; `done`
+// has seen the chunks that the ECU took.
+ModbusResult WriteBlock(ModbusMaster& master, const ConfigurationBlock& block,
+                        const ChunkDone& done = {});
+
+// The ReadBlock sink that keeps the chunks in `block`.
+[[nodiscard]] ChunkDone StoreInto(ConfigurationBlock& block);
+
+}  // namespace zelorgas
