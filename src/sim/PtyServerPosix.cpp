@@ -1,0 +1,138 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <stdlib.h>
+#include <sys/eventfd.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include "sim/LineServer.h"
+
+namespace zelorgas {
+namespace {
+
+// Characters go out in bursts of this length, the last one of a burst on time: a client's wait for
+// a whole frame ends when the wire's would, and neither side wakes for every character.
+constexpr std::chrono::milliseconds kBurst{4};
+// How often an unplugged line is looked at again.
+constexpr timespec kUnpluggedLook{0, 20'000'000};
+
+class FileHandle {
+ public:
+  explicit FileHandle(int fd = -1) : fd_(fd) {}
+  FileHandle(const FileHandle&) = delete;
+  FileHandle& operator=(const FileHandle&) = delete;
+  ~FileHandle() {
+    if (fd_ >= 0) close(fd_);
+  }
+  [[nodiscard]] int Get() const { return fd_; }
+
+ private:
+  int fd_;
+};
+
+class PtyServerPosix final : public LineServer {
+ public:
+  PtyServerPosix(SimulatedLine& line, Clock& clock, int master, int slave, int stop,
+                 std::string path)
+      : line_(line),
+        clock_(clock),
+        master_(master),
+        slave_(slave),
+        stop_(stop),
+        path_(std::move(path)) {}
+
+  const std::string& Path() const override { return path_; }
+
+  void Serve() override {
+    std::array<pollfd, 2> waits{{{master_.Get(), POLLIN, 0}, {stop_.Get(), POLLIN, 0}}};
+    while (true) {
+      timespec timeout{};
+      const timespec* const until = NextWake(timeout);
+      if (ppoll(waits.data(), waits.size(), until, nullptr) < 0 && errno != EINTR) return;
+      if ((waits[1].revents & POLLIN) != 0) return;
+      if ((waits[0].revents & POLLIN) != 0) TakeFromClient();
+      GiveToClient();
+    }
+  }
+
+  void Stop() override {
+    const std::uint64_t one = 1;
+    // Nothing can be done about a failure here, and an eventfd with room for it has none.
+    static_cast<void>(!write(stop_.Get(), &one, sizeof one));
+  }
+
+ private:
+  // Null: nothing is due.
+  const timespec* NextWake(timespec& timeout) const {
+    if (!line_.Plugged()) {
+      timeout = kUnpluggedLook;
+      return &timeout;
+    }
+    const std::optional<Clock::TimePoint> due = line_.LastArrivalWithin(kBurst);
+    if (!due) return nullptr;
+    const auto left = std::max<std::int64_t>((*due - clock_.Now()).count(), 0);
+    timeout.tv_sec = static_cast<time_t>(left / 1'000'000'000);
+    timeout.tv_nsec = static_cast<long>(left % 1'000'000'000);
+    return &timeout;
+  }
+
+  void TakeFromClient() {
+    std::array<std::uint8_t, 1024> bytes{};
+    const ssize_t count = read(master_.Get(), bytes.data(), bytes.size());
+    if (count > 0) line_.Transmit(std::span(bytes).first(static_cast<std::size_t>(count)));
+  }
+
+  void GiveToClient() {
+    due_.clear();
+    if (line_.Collect(due_) == 0) return;
+    // What a client does not read is lost, as on a wire.
+    static_cast<void>(!write(master_.Get(), due_.data(), due_.size()));
+  }
+
+  SimulatedLine& line_;
+  Clock& clock_;
+  FileHandle master_;
+  FileHandle slave_;  // kept open, so that a client's close does not hang the line up
+  FileHandle stop_;
+  std::string path_;
+  std::vector<std::uint8_t> due_;
+};
+
+}  // namespace
+
+std::unique_ptr<LineServer> OpenPtyServer(SimulatedLine& line, Clock& clock, std::string& error) {
+  const auto failure = [&error](const char* what) {
+    error = std::string(what) + ": " + std::strerror(errno);
+    return nullptr;
+  };
+  const int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
+  if (master < 0) return failure("no pseudo-terminal");
+  std::array<char, 128> path{};
+  if (grantpt(master) != 0 || unlockpt(master) != 0 ||
+      ptsname_r(master, path.data(), path.size()) != 0) {
+    close(master);
+    return failure("the pseudo-terminal has no other end");
+  }
+  const int slave = open(path.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+  const int stop = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  termios settings{};
+  if (slave < 0 || stop < 0 || tcgetattr(slave, &settings) != 0) {
+    const int reason = errno;
+    for (const int fd : {master, slave, stop}) {
+      if (fd >= 0) close(fd);
+    }
+    errno = reason;
+    return failure("the pseudo-terminal's other end does not open");
+  }
+  // Until a client says otherwise nothing is translated or echoed by the terminal itself.
+  cfmakeraw(&settings);
+  tcsetattr(slave, TCSANOW, &settings);
+  return std::make_unique<PtyServerPosix>(line, clock, master, slave, stop, path.data());
+}
+
+}  // namespace zelorgas

@@ -1,0 +1,115 @@
+// The simulated ECU: the complete register map, the live data of an engine, error counters, the
+// restart flag, and the bootloader, behind the Modbus functions. Everything that moves is worked
+// out from the clock when it is asked for. Any thread may call anything.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "config/ConfigurationBlock.h"
+#include "link/ModbusUnit.h"
+#include "platform/Clock.h"
+#include "sim/Bootloader.h"
+#include "sim/EngineModel.h"
+
+namespace zelorgas {
+
+struct SimulatedEcuOptions {
+  std::uint8_t software_major = 0;
+  std::uint8_t software_minor = 39;
+  std::uint8_t hardware_major = 1;
+  std::uint8_t hardware_minor = 2;
+  std::uint32_t serial = 123456;
+  bool in_bootloader = false;
+  std::uint64_t seed = 1;
+};
+
+class SimulatedEcu {
+ public:
+  static constexpr std::size_t kTemporaryErrors = 10;
+  static constexpr std::size_t kPermanentErrors = 5;
+  static constexpr std::size_t kFifoRecords = 8;  // the ring that pointers 0 to 7 walk
+  static constexpr std::chrono::milliseconds kRecordPeriod{100};
+
+  explicit SimulatedEcu(Clock& clock, SimulatedEcuOptions options = {});
+
+  // What the ECU answers to a request unit: the response, an exception response, or nothing when
+  // the request is not for it. Requests take effect at once.
+  [[nodiscard]] std::optional<std::vector<std::uint8_t>> Answer(
+      std::span<const std::uint8_t> request);
+
+  // A reset: the restart flag (coil 43) is raised, the configuration stays.
+  void Restart();
+  // The supply goes and comes: as a reset, and a bootloader starts the application if it is whole.
+  void LosePower();
+
+  // For tests and the simulator's summary.
+  [[nodiscard]] std::uint16_t Register(std::uint16_t number) const;  // of the configuration block
+  void SetRegister(std::uint16_t number, std::uint16_t value);
+  [[nodiscard]] ConfigurationBlock Block() const;
+  void SetErrorCount(bool permanent, std::size_t code, std::uint16_t count);
+  [[nodiscard]] std::uint16_t ErrorCount(bool permanent, std::size_t code) const;
+  [[nodiscard]] bool Coil(std::uint16_t number) const;
+  void SetCoil(std::uint16_t number, bool on);
+  [[nodiscard]] bool InBootloader() const;
+  [[nodiscard]] std::vector<std::uint8_t> Flash() const;
+  // Runs `change` on the bootloader under the ECU's lock.
+  template <typename Change>
+  void WithBootloader(Change change) {
+    const std::lock_guard guard(lock_);
+    change(bootloader_);
+  }
+  [[nodiscard]] std::size_t WriteCount() const;  // accepted writes of coils and registers
+
+ private:
+  using Response = std::vector<std::uint8_t>;
+
+  // All of these run under lock_.
+  [[nodiscard]] Response Execute(std::span<const std::uint8_t> request);
+  [[nodiscard]] Response ReadBits(std::span<const std::uint8_t> request);
+  [[nodiscard]] Response ReadRegisters(std::span<const std::uint8_t> request);
+  [[nodiscard]] Response WriteCoilUnit(std::span<const std::uint8_t> request);
+  [[nodiscard]] Response WriteRegisterUnit(std::span<const std::uint8_t> request);
+  [[nodiscard]] Response WriteRegistersUnit(std::span<const std::uint8_t> request);
+  [[nodiscard]] Response ReadFifo(std::span<const std::uint8_t> request);
+  [[nodiscard]] Response Identify(std::span<const std::uint8_t> request) const;
+
+  [[nodiscard]] std::optional<bool> Bit(ModbusFunction function, std::uint16_t number) const;
+  [[nodiscard]] std::optional<std::uint16_t> HoldingRegister(std::uint16_t number);
+  [[nodiscard]] std::optional<std::uint16_t> InputRegister(std::uint16_t number) const;
+  [[nodiscard]] std::uint16_t* WritableRegister(std::uint16_t number);
+  [[nodiscard]] bool WriteCoil(std::uint16_t number, bool on);
+  [[nodiscard]] std::uint16_t ClearErrorsCoil() const;
+
+  [[nodiscard]] double Seconds(Clock::TimePoint time) const;
+  [[nodiscard]] std::array<std::uint16_t, 4> RecordAt(std::uint64_t number) const;
+  [[nodiscard]] std::uint64_t RecordsSoFar() const;
+  [[nodiscard]] double GasTimeMicroseconds(const EngineState& engine) const;
+  void Boot(bool into_bootloader);
+
+  Clock& clock_;
+  const SimulatedEcuOptions options_;
+  const EngineModel engine_;
+
+  mutable std::mutex lock_;
+  Clock::TimePoint started_;
+  ConfigurationBlock block_{};
+  std::array<std::uint16_t, kTemporaryErrors> temporary_errors_{};
+  std::array<std::uint16_t, kPermanentErrors> permanent_errors_{};
+  std::array<bool, 128> coils_{};
+  Bootloader bootloader_;
+  bool in_bootloader_ = false;
+  std::size_t writes_ = 0;
+};
+
+// The configuration with which a simulated ECU leaves the factory: a running four-cylinder car.
+[[nodiscard]] ConfigurationBlock FactoryConfiguration();
+
+}  // namespace zelorgas
