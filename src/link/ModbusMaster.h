@@ -13,11 +13,11 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <mutex>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "link/LinkLock.h"
 #include "link/ModbusResult.h"
 #include "link/ModbusUnit.h"
 
@@ -80,7 +80,7 @@ class ModbusMaster {
 
  protected:
   // The link lock, held for one attempt. The owner may take it again.
-  [[nodiscard]] std::recursive_mutex& LinkLock() const { return lock_; }
+  [[nodiscard]] LinkLock& Lock() const { return lock_; }
 
  private:
   // Exchange with echo check and retries; `take` unpacks a response and says whether it was long
@@ -88,7 +88,7 @@ class ModbusMaster {
   template <typename Take>
   ModbusResult Transact(const ModbusRequest& request, Take take);
 
-  mutable std::recursive_mutex lock_;
+  mutable LinkLock lock_;
   std::atomic<std::uint16_t> attempt_count_{1};
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <mutex>
 
 #include "link/AsciiFrame.h"
 #include "link/RtuFrame.h"
@@ -42,18 +43,19 @@ void ModbusSerialPort::SetInterCharacterTimeout(Milliseconds time_out) {
 }
 
 void ModbusSerialPort::SetSliceHook(SerialDevice::SliceHook hook) {
-  const std::lock_guard guard(LinkLock());
+  Lock().SetSliceHook(hook);
+  const std::lock_guard guard(Lock());
   slice_hook_ = std::move(hook);
   if (device_) device_->SetSliceHook(slice_hook_);
 }
 
 void ModbusSerialPort::SetTraceSink(TraceSink sink) {
-  const std::lock_guard guard(LinkLock());
+  const std::lock_guard guard(Lock());
   trace_ = std::move(sink);
 }
 
 bool ModbusSerialPort::Open(std::uint8_t port, std::uint32_t baud, std::uint8_t parity) {
-  const std::lock_guard guard(LinkLock());
+  const std::lock_guard guard(Lock());
   Close();
   std::unique_ptr<SerialDevice> device = OpenDevice(port);
   if (!device) return false;
@@ -105,7 +107,7 @@ PortTimeouts ModbusSerialPort::ModeTimeouts() const {
 }
 
 bool ModbusSerialPort::Close() {
-  const std::lock_guard guard(LinkLock());
+  const std::lock_guard guard(Lock());
   open_ = false;
   device_.reset();
   return true;
@@ -114,7 +116,7 @@ bool ModbusSerialPort::Close() {
 ModbusResult ModbusSerialPort::Exchange(std::span<const std::uint8_t> request,
                                         std::span<std::uint8_t> response,
                                         std::size_t expected_length, std::size_t& received_length) {
-  const std::lock_guard guard(LinkLock());
+  const std::lock_guard guard(Lock());
   received_length = 0;
   answer_.clear();
   ModbusResult result = ModbusResult::kPortNotOpen;
@@ -225,7 +227,7 @@ std::optional<std::size_t> ModbusSerialPort::ReadRtuAnswer() {
 ModbusResult ModbusSerialPort::RawExchange(std::span<const std::uint8_t> bytes,
                                            std::size_t expected, Milliseconds time_out,
                                            std::vector<std::uint8_t>& received) {
-  const std::lock_guard guard(LinkLock());
+  const std::lock_guard guard(Lock());
   received.clear();
   if (!device_) return ModbusResult::kPortNotOpen;
   const std::optional<PortTimeouts> kept = device_->Timeouts();
@@ -260,7 +262,7 @@ ModbusResult ModbusSerialPort::RawTransfer(std::span<const std::uint8_t> bytes,
 }
 
 double ModbusSerialPort::LastTransactionSeconds() const {
-  const std::lock_guard guard(LinkLock());
+  const std::lock_guard guard(Lock());
   return std::chrono::duration<double>(transaction_time_).count();
 }
 

@@ -102,8 +102,9 @@ class ModbusSerialPort : public ModbusMaster {
   void SetEndTimeout(Milliseconds time_out) { end_timeout_ = time_out; }
   [[nodiscard]] Milliseconds EndTimeout() const { return end_timeout_; }
 
-  // Runs on the exchanging thread between the slices of every wait, at least every 10 ms; for
-  // dispatching window messages. It must not start an exchange.
+  // Runs on the exchanging thread between the slices of every wait, at least every 10 ms, also
+  // while it waits for another thread's exchange; for dispatching window messages. It must not
+  // start an exchange. Set before the port is shared between threads.
   void SetSliceHook(SerialDevice::SliceHook hook);
   // Sees every frame sent and received, under the lock.
   void SetTraceSink(TraceSink sink);

@@ -43,7 +43,8 @@ ModbusRequest MakeReadBitsRequest(std::uint8_t slave, ModbusFunction function, s
 
 ModbusRequest MakeReadRegistersRequest(std::uint8_t slave, ModbusFunction function,
                                        std::uint16_t start, std::uint16_t quantity) {
-  return {TwoWordUnit(slave, function, start, quantity), kReadHeader + 2U * quantity, 2};
+  return {TwoWordUnit(slave, function, start, quantity), kReadHeader + std::size_t{2} * quantity,
+          2};
 }
 
 ModbusRequest MakeWriteCoilRequest(std::uint8_t slave, std::uint16_t address, std::uint8_t on) {

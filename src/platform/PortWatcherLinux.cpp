@@ -62,7 +62,7 @@ class PortWatcherLinux final : public PortWatcher {
   // will be no further changes to read.
   bool TakeChanges() {
     bool serial = false;
-    alignas(inotify_event) std::array<char, 4096> buffer;
+    alignas(inotify_event) std::array<char, 4096> buffer{};
     for (;;) {
       const ssize_t size =
           RetryInterrupted([&] { return ::read(changes_.Get(), buffer.data(), buffer.size()); });

@@ -73,9 +73,10 @@ class PortWatcherWin32 final : public PortWatcher {
       const DWORD result = ::WaitForMultipleObjects(static_cast<DWORD>(events.size()),
                                                     events.data(), FALSE, INFINITE);
       if (result != WAIT_OBJECT_0 + 1) return;
-      notify_(PortWatchEvent::kChanged);
+      // Asked for again before the list is read: a change meanwhile is not lost.
       ::ResetEvent(changed.Get());
       asked = key.NotifyChange(changed.Get());
+      notify_(PortWatchEvent::kChanged);
     }
     notify_(PortWatchEvent::kTrackingFailed);
   }

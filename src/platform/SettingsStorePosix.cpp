@@ -166,8 +166,10 @@ std::unique_ptr<SettingsStore> OpenSettingsFile(fs::path file) {
 }
 
 std::unique_ptr<SettingsStore> OpenSettingsStore(std::string_view company) {
+  // NOLINTBEGIN(concurrency-mt-unsafe): the program never changes its environment
   return OpenSettingsFile(
       SettingsFile(company, std::getenv("XDG_CONFIG_HOME"), std::getenv("HOME")));
+  // NOLINTEND(concurrency-mt-unsafe)
 }
 
 }  // namespace zelorgas

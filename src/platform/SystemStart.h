@@ -16,7 +16,7 @@ class SystemStart {
   SystemStart(const SystemStart&) = delete;
   SystemStart& operator=(const SystemStart&) = delete;
   // Undoes what has been done.
-  ~SystemStart();
+  ~SystemStart();  // NOLINT(performance-trivially-destructible): not on Windows
 
   // What failed; the program cannot go on then.
   [[nodiscard]] StartFailure Failure() const { return failure_; }

@@ -1,0 +1,36 @@
+// A lock whose owner may take it again, like a Windows critical section, and whose wait for another
+// thread is cut into slices with the slice hook between them: a user-interface thread that waits
+// for the polling to finish its exchange keeps its window alive.
+#pragma once
+
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace zelorgas {
+
+class LinkLock {
+ public:
+  LinkLock() = default;
+  LinkLock(const LinkLock&) = delete;
+  LinkLock& operator=(const LinkLock&) = delete;
+
+  // The names that std::lock_guard asks for.
+  void lock();
+  void unlock();
+
+  // Runs on the waiting thread, at least every 10 ms, without any lock held. Set before the lock is
+  // shared between threads.
+  void SetSliceHook(std::function<void()> hook) { hook_ = std::move(hook); }
+
+ private:
+  std::function<void()> hook_;
+
+  std::mutex mutex_;
+  std::condition_variable released_;
+  std::thread::id owner_;  // guarded by mutex_
+  unsigned depth_ = 0;     // guarded by mutex_
+};
+
+}  // namespace zelorgas
