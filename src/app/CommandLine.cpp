@@ -1,0 +1,44 @@
+#include "app/CommandLine.h"
+
+#include "platform/IgnoreCase.h"
+
+namespace zelorgas {
+namespace {
+
+constexpr std::string_view kAdmin = "admin";
+constexpr std::string_view kDemo = "demo";
+constexpr std::string_view kFileExtension = ".fob";
+constexpr std::string_view kUsage = "\nUsage: zelorgas [admin] [demo] [FILE.fob]";
+
+bool IsDocument(std::string_view argument) {
+  return argument.size() > kFileExtension.size() &&
+         EqualIgnoringCase(argument.substr(argument.size() - kFileExtension.size()),
+                           kFileExtension);
+}
+
+}  // namespace
+
+bool IsAdminSwitch(std::string_view argument) {
+  if (argument.starts_with('-') || argument.starts_with('/')) argument.remove_prefix(1);
+  return EqualIgnoringCase(argument, kAdmin);
+}
+
+CommandLine ParseCommandLine(std::span<const std::string> arguments) {
+  CommandLine line;
+  for (const std::string& argument : arguments) {
+    if (IsAdminSwitch(argument)) {
+      line.admin = true;
+    } else if (argument == kDemo) {
+      line.demo = true;
+    } else if (IsDocument(argument) && line.file.empty()) {
+      line.file = argument;
+    } else if (line.problem.empty()) {
+      const std::string_view reason =
+          IsDocument(argument) ? "Only one file can be opened, not also \"" : "Unknown argument \"";
+      line.problem.append(reason).append(argument).append("\".").append(kUsage);
+    }
+  }
+  return line;
+}
+
+}  // namespace zelorgas

@@ -1,0 +1,24 @@
+// The window program's command line: zelorgas [admin] [demo] [FILE.fob]. Pure, safe from any
+// thread.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace zelorgas {
+
+struct CommandLine {
+  bool admin = false;   // administrator mode
+  bool demo = false;    // connect to the simulated ECU
+  std::string file;     // the document to open; empty when none is given
+  std::string problem;  // why the program cannot go on, for a person; empty when all is well
+};
+
+// `arguments` without the program's name and without those that the toolkit takes for itself.
+[[nodiscard]] CommandLine ParseCommandLine(std::span<const std::string> arguments);
+
+// "admin" in any case, with one "-" or "/" before it or none.
+[[nodiscard]] bool IsAdminSwitch(std::string_view argument);
+
+}  // namespace zelorgas

@@ -1,0 +1,124 @@
+#include "app/EcuConnection.h"
+
+#include <array>
+#include <cstdio>
+#include <mutex>
+
+namespace zelorgas {
+namespace {
+
+constexpr std::string_view kPortBusy = "Sorry! The specified COM port is busy!";
+constexpr std::string_view kNewerFirmware =
+    "You have got a newer firmware version!\nPlease install the latest ZelorGAS version to get "
+    "installed controller supported.";
+constexpr std::string_view kObsoleteFirmware =
+    "ZelorGAS has detected an obsolete firmware version!\nPlease download the latest firmware "
+    "version to have a possibility to use new features.";
+constexpr std::string_view kReplaceQuestion =
+    "Do you want to replace the existing firmware version? ";
+
+constexpr Version kOldestSupported{0, 36};
+constexpr Version kNewestSupported{0, 39};
+constexpr std::uint8_t kWithoutOffer = 39;  // minor versions below are offered an update
+constexpr std::uint16_t kStayInBootloaderCoil = 2;
+
+std::string RequiredVersionText(Version found) {
+  std::array<char, 160> text{};
+  std::snprintf(
+      text.data(), text.size(),
+      "Current firmware version is \"%02d.%02d\" while this configuration utility requires "
+      "at least version \"%02d.%02d\"!",
+      found.major, found.minor, kOldestSupported.major, kOldestSupported.minor);
+  return text.data();
+}
+
+}  // namespace
+
+EcuConnection::EcuConnection(ClpgecuDoc& document, MessageBoxes& boxes, SettingsStore& settings,
+                             FirmwareUpdate& update)
+    : document_(document), boxes_(boxes), settings_(settings), update_(update) {}
+
+EcuConnection::Outcome EcuConnection::Connect(bool start_worker) {
+  identity_ = {};
+  ModbusSerialPort& link = document_.Link();
+  if (!link.Open(0, 0, 255)) return Fail(kPortBusy);
+  EcuIdentity found;
+  if (const auto step = ReadBasicIdentification(link, found); !step.Ok()) return Fail(step.message);
+  StorePort();
+  if (const auto step = ReadModel(link, found); !step.Ok()) return Fail(step.message);
+  if (found.bootloader) {
+    identity_ = found;
+    return EnterBootloader();
+  }
+  if (const auto step = ReadVersions(link, found); !step.Ok()) return Fail(step.message);
+  identity_ = found;
+  KeepVersions();
+  if (const Outcome gate = CheckVersion(); gate != Outcome::kConnected) return gate;
+  if (const auto step = ReadSerialNumber(link, identity_); !step.Ok()) return Fail(step.message);
+  if (const auto step = ReadBoardInformation(link, identity_); !step.Ok()) {
+    return Fail(step.message);
+  }
+  document_.ClearRestartMarker();
+  if (start_worker && !document_.StartWorker()) return Fail(kPortBusy);
+  return Outcome::kConnected;
+}
+
+void EcuConnection::Disconnect() {
+  document_.StopWorker();
+  document_.Link().Close();
+  identity_ = {};
+}
+
+EcuConnection::Outcome EcuConnection::Fail(std::string_view message) {
+  document_.Link().Close();
+  identity_ = {};
+  boxes_.Inform(message, MessageIcon::kError);
+  return Outcome::kFailed;
+}
+
+EcuConnection::Outcome EcuConnection::StartUpdate(bool in_bootloader) {
+  update_.Start(in_bootloader);
+  return Outcome::kFirmwareUpdate;
+}
+
+void EcuConnection::StorePort() {
+  const ModbusSerialPort& link = document_.Link();
+  settings_.WriteString(
+      kSettingsSection, kPortKey,
+      link.PortName().empty() ? "COM" + std::to_string(link.PortNumber()) : link.PortName());
+}
+
+EcuConnection::Outcome EcuConnection::EnterBootloader() {
+  // Without it the bootloader starts the application after a while. Whether it has taken it shows
+  // when the update prepares the link.
+  static_cast<void>(document_.Link().WriteSingleCoil(ECU_SLAVE_ADDRESS, kStayInBootloaderCoil, 1));
+  return StartUpdate(true);
+}
+
+void EcuConnection::KeepVersions() {
+  document_.ImageLock();
+  document_.Image().software = identity_.software;
+  document_.Image().hardware = identity_.hardware;
+  document_.ImageUnlock();
+}
+
+EcuConnection::Outcome EcuConnection::CheckVersion() {
+  const Version found = identity_.software;
+  if (found > kNewestSupported) return Fail(kNewerFirmware);
+  const bool supported = found >= kOldestSupported;
+  if (found.minor >= kWithoutOffer) return Outcome::kConnected;
+  std::string question(kObsoleteFirmware);
+  if (!supported) question += "\n" + RequiredVersionText(found);
+  question += "\n" + std::string(kReplaceQuestion);
+  const bool update = boxes_.Ask(question);
+  if (supported) {
+    // With a firmware that still works the connection goes on either way.
+    if (update) update_.Start(false);
+    return Outcome::kConnected;
+  }
+  if (update) return StartUpdate(false);
+  document_.Link().Close();
+  return Outcome::kDeclined;
+}
+
+}  // namespace zelorgas

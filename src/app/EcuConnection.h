@@ -1,0 +1,64 @@
+// Connecting to the ECU and disconnecting from it: opens the port, identifies the ECU, decides by
+// its firmware version whether this program can work with it, and starts the worker. Speaks to the
+// person through MessageBoxes. Runs on the user-interface thread, or the command line's only one.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/ClpgecuDoc.h"
+#include "app/Identification.h"
+#include "app/MessageBoxes.h"
+#include "platform/SettingsStore.h"
+
+namespace zelorgas {
+
+// What takes over when the ECU sits in its bootloader or the person wants newer firmware in it.
+class FirmwareUpdate {
+ public:
+  virtual ~FirmwareUpdate() = default;
+  // `in_bootloader`: the ECU already runs its bootloader and has been told to stay there (coil 2).
+  // The port is open; who updates closes it.
+  virtual void Start(bool in_bootloader) = 0;
+};
+
+class EcuConnection {
+ public:
+  enum class Outcome : std::uint8_t {
+    kConnected,       // the worker runs
+    kFailed,          // the person has been told why; the port is closed
+    kDeclined,        // firmware too old and no update wanted; the port is closed
+    kFirmwareUpdate,  // the firmware update has been started
+  };
+
+  EcuConnection(ClpgecuDoc& document, MessageBoxes& boxes, SettingsStore& settings,
+                FirmwareUpdate& update);
+
+  // Opens the port that the link is set to and runs the whole procedure. With `start_worker` false
+  // the port stays open and no polling begins (the command line asks and leaves).
+  Outcome Connect(bool start_worker = true);
+
+  // Stops the worker and closes the port.
+  void Disconnect();
+
+  // Of the last successful connection; empty texts when not connected.
+  [[nodiscard]] const EcuIdentity& Identity() const { return identity_; }
+
+ private:
+  Outcome Fail(std::string_view message);
+  Outcome StartUpdate(bool in_bootloader);
+  void StorePort();
+  // The firmware versions that this program works with. kConnected: go on.
+  Outcome CheckVersion();
+  Outcome EnterBootloader();
+  void KeepVersions();
+
+  ClpgecuDoc& document_;
+  MessageBoxes& boxes_;
+  SettingsStore& settings_;
+  FirmwareUpdate& update_;
+  EcuIdentity identity_;
+};
+
+}  // namespace zelorgas

@@ -1,0 +1,34 @@
+#include "app/LinkSession.h"
+
+namespace zelorgas {
+namespace {
+
+// The longest chain that a worker round can still have ahead of it when it is asked to pause: a
+// request that fails in its echo or its answer, with the failure pause, and the same again for what
+// follows. Past this the link lock keeps the two apart all the same.
+constexpr std::chrono::seconds kIdleLimit{10};
+
+}  // namespace
+
+LinkSession::LinkSession(ClpgecuDoc& document, Wait wait) : document_(document) {
+  document_.PauseWorker(true);
+  if (wait != Wait::kGrace) WaitUntilIdle();
+  if (wait != Wait::kIdle) document_.SleepSliced(kGracePeriod);
+  document_.ImageLock();
+  document_.Link().SetAttemptCount(kAttempts);
+}
+
+LinkSession::~LinkSession() {
+  document_.Link().SetAttemptCount(1);
+  document_.ImageUnlock();
+  document_.PauseWorker(false);
+}
+
+void LinkSession::WaitUntilIdle() {
+  const Clock::TimePoint limit = document_.DocumentClock().Now() + kIdleLimit;
+  while (!document_.WorkerIdle() && document_.DocumentClock().Now() < limit) {
+    document_.SleepSliced(SerialDevice::kWaitSlice);
+  }
+}
+
+}  // namespace zelorgas

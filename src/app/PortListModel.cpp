@@ -1,0 +1,62 @@
+#include "app/PortListModel.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zelorgas {
+namespace {
+
+constexpr std::string_view kSimulatedText = "Simulated ECU";
+constexpr std::string_view kTrackingFailed = "Error while tracking Serial COMM Device Map!";
+constexpr std::string_view kOpenFailed = "Error in RegOpenKeyEx!";
+
+std::string TextOf(const SerialPortInfo& port) {
+  return port.product.empty() ? port.name : port.name + " (" + port.product + ")";
+}
+
+std::string ChangeText(bool fewer) {
+  return std::string("A Serial COMM Device has just been ") + (fewer ? "un" : "") + "installed!";
+}
+
+}  // namespace
+
+PortListModel::PortListModel(Lister list, std::string_view selected)
+    : list_(std::move(list)), selected_(selected) {
+  ReadList();
+  if (selected_.empty()) selected_ = entries_.front().name;
+}
+
+std::optional<std::size_t> PortListModel::Selected() const {
+  const auto entry = std::ranges::find(entries_, selected_, &PortEntry::name);
+  if (entry == entries_.end()) return std::nullopt;
+  return static_cast<std::size_t>(entry - entries_.begin());
+}
+
+bool PortListModel::Select(std::size_t index) {
+  if (index >= entries_.size()) return false;
+  selected_ = entries_[index].name;
+  return true;
+}
+
+std::optional<PortNotice> PortListModel::OnWatchEvent(PortWatchEvent event, bool connected) {
+  if (event == PortWatchEvent::kTrackingFailed) {
+    return PortNotice{std::string(kTrackingFailed), MessageIcon::kError};
+  }
+  if (event == PortWatchEvent::kOpenFailed) {
+    return PortNotice{std::string(kOpenFailed), MessageIcon::kError};
+  }
+  const std::vector<PortEntry> old = entries_;
+  ReadList();
+  if (connected || std::ranges::equal(entries_, old, {}, &PortEntry::name, &PortEntry::name)) {
+    return std::nullopt;
+  }
+  return PortNotice{ChangeText(entries_.size() < old.size()), MessageIcon::kInformation};
+}
+
+void PortListModel::ReadList() {
+  entries_.clear();
+  for (const SerialPortInfo& port : list_()) entries_.push_back({port.name, TextOf(port)});
+  entries_.push_back({std::string(kSimulatedPortName), std::string(kSimulatedText)});
+}
+
+}  // namespace zelorgas

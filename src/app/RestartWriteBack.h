@@ -1,0 +1,21 @@
+// After a restart the ECU may have lost what was changed since it last kept its configuration: the
+// program writes back the whole block as it knows it. Runs on the user-interface thread; the
+// document's slice hook keeps the window alive.
+#pragma once
+
+#include <string_view>
+
+#include "app/ClpgecuDoc.h"
+#include "link/ModbusResult.h"
+
+namespace zelorgas {
+
+inline constexpr std::string_view kRestartNotice =
+    "The GASECU has been restarted! Please wait while data are being synchronized...";
+
+// Holds the polling, then writes the image's block to the ECU in chunks, with a short rest after
+// each. kOk when the ECU has taken all of it; otherwise the result of the chunk that failed, after
+// which nothing more is written.
+ModbusResult WriteBackAfterRestart(ClpgecuDoc& document);
+
+}  // namespace zelorgas
