@@ -7,21 +7,28 @@ namespace zelorgas {
 void LinkLock::lock() {
   const std::thread::id self = std::this_thread::get_id();
   std::unique_lock guard(mutex_);
-  while (depth_ > 0 && owner_ != self) {
-    const bool released =
-        released_.wait_for(guard, SerialDevice::kWaitSlice, [this] { return depth_ == 0; });
-    if (released || !hook_) continue;
+  if (depth_ > 0 && owner_ == self) {
+    ++depth_;
+    return;
+  }
+  const std::uint64_t mine = next_turn_++;
+  while (turn_ != mine) {
+    const bool is_mine =
+        released_.wait_for(guard, SerialDevice::kWaitSlice, [&] { return turn_ == mine; });
+    if (is_mine || !hook_) continue;
     guard.unlock();
     hook_();
     guard.lock();
   }
   owner_ = self;
-  ++depth_;
+  depth_ = 1;
 }
 
 void LinkLock::unlock() {
   const std::lock_guard guard(mutex_);
-  if (--depth_ == 0) released_.notify_one();
+  if (--depth_ > 0) return;
+  ++turn_;
+  released_.notify_all();
 }
 
 }  // namespace zelorgas

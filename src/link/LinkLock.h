@@ -1,9 +1,11 @@
-// A lock whose owner may take it again, like a Windows critical section, and whose wait for another
-// thread is cut into slices with the slice hook between them: a user-interface thread that waits
-// for the polling to finish its exchange keeps its window alive.
+// A lock whose owner may take it again, like a Windows critical section, which goes to whoever has
+// waited longest, and whose wait for another thread is cut into slices with the slice hook between
+// them: a user-interface thread that waits for the polling to finish its exchange keeps its window
+// alive.
 #pragma once
 
 #include <condition_variable>
+#include <cstdint>
 #include <functional>
 #include <mutex>
 #include <thread>
@@ -29,8 +31,11 @@ class LinkLock {
 
   std::mutex mutex_;
   std::condition_variable released_;
-  std::thread::id owner_;  // guarded by mutex_
-  unsigned depth_ = 0;     // guarded by mutex_
+  // Guarded by mutex_.
+  std::thread::id owner_;
+  unsigned depth_ = 0;
+  std::uint64_t next_turn_ = 0;  // for the next one who comes
+  std::uint64_t turn_ = 0;       // whose turn it is
 };
 
 }  // namespace zelorgas

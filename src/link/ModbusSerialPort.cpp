@@ -6,6 +6,7 @@
 
 #include "link/AsciiFrame.h"
 #include "link/RtuFrame.h"
+#include "platform/LineTiming.h"
 
 namespace zelorgas {
 namespace {
@@ -16,6 +17,7 @@ constexpr std::size_t kQueueSize = 1024;  // bytes in the driver's queues and in
 constexpr std::size_t kRtuBufferSize = 512;
 constexpr std::size_t kRtuHead = 4;  // read first: enough to know that an answer has begun
 constexpr int kEchoLooks = 20;
+constexpr milliseconds kLongestRawTimeout = std::chrono::hours(1);
 constexpr std::uint8_t kStoredParity = 255;
 
 milliseconds PerBaud(std::uint32_t millibits, std::uint32_t baud) {
@@ -133,6 +135,7 @@ ModbusResult ModbusSerialPort::Exchange(std::span<const std::uint8_t> request,
 // Sends frame_. What was sent before the write's end is not taken back: the purge that starts the
 // next exchange clears the line.
 bool ModbusSerialPort::WriteFrame() {
+  sent_by_ = clock_.Now() + CharacterTime(line_) * frame_.size();
   if (trace_) trace_({FrameTrace::Direction::kSent, clock_.Now(), frame_});
   if (!device_->Write(frame_)) {
     device_->ClearError();
@@ -157,6 +160,11 @@ ModbusResult ModbusSerialPort::ExchangeAscii(std::span<const std::uint8_t> reque
 }
 
 ModbusResult ModbusSerialPort::ReadEcho() {
+  // Where the driver does not say when the last character is out, the echo has the frame's own time
+  // on the wire before the looks are counted.
+  if (const Clock::Duration left = sent_by_ - clock_.Now(); left > Clock::Duration{0}) {
+    device_->WaitForInput(frame_.size(), left);
+  }
   for (int look = 1;; ++look) {
     const std::optional<std::size_t> queued = device_->InputQueueLength();
     if (!queued) return ReadFailure();
@@ -245,7 +253,7 @@ ModbusResult ModbusSerialPort::RawTransfer(std::span<const std::uint8_t> bytes,
     device_->ClearError();
     return ModbusResult::kWriteError;
   }
-  const Clock::TimePoint deadline = clock_.Now() + time_out;
+  const Clock::TimePoint deadline = clock_.Now() + std::min(time_out, kLongestRawTimeout);
   while (received.size() < expected) {
     const auto left = std::chrono::ceil<Milliseconds>(deadline - clock_.Now());
     PortTimeouts byte_timeouts;

@@ -147,6 +147,7 @@ class ModbusSerialPort : public ModbusMaster {
   std::vector<std::uint8_t> frame_;  // what is sent
   std::vector<std::uint8_t> echo_;   // what came back of it
   std::vector<std::uint8_t> answer_;
+  Clock::TimePoint sent_by_{};  // when frame_ is out at the line's pace
   Clock::TimePoint transaction_start_{};
   Clock::Duration transaction_time_{0};
 };
