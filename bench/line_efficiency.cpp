@@ -1,7 +1,7 @@
 // How much of the paced line's time a whole configuration block costs: 19200 baud, ten bit times a
-// character, the request and the answer one after the other. Read and written over the simulated line
-// in this process and over a pty from a second process. Prints the ratio to the bare wire time; fails
-// above the goal.
+// character, the request and the answer one after the other. Read and written over the simulated
+// line in this process and over a pty from a second process. Prints the ratio to the bare wire
+// time; fails above the goal.
 #include <algorithm>
 #include <cstdio>
 #include <exception>
@@ -70,8 +70,7 @@ int Run() {
   const std::unique_ptr<Clock> clock = MakeSteadyClock();
   SimulatedEcu ecu(*clock);
   SimulatedLine line(ecu, *clock);
-  const bool inside = MeasureOver("in process", SimulatedPort(line, *clock),
-                                  std::string(kSimulatedPortName), *clock);
+  const bool inside = MeasureOver("in process", SimulatedPort(line, *clock), "sim", *clock);
   const EcuSimProcess process({});
   const bool outside = MeasureOver("over a pty", SystemSerialPorts(*clock), process.Port(), *clock);
   return inside && outside ? 0 : 1;

@@ -34,8 +34,10 @@ std::uint32_t Checksum(std::span<const std::uint8_t> bytes) {
                          [](std::uint32_t sum, std::uint8_t byte) { return sum * 31 + byte; });
 }
 
+// A block that there is not, or that is not the client's, counts as written.
 bool IsBlank(std::span<const std::uint8_t> bytes) {
-  return std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == kBlank; });
+  return !bytes.empty() &&
+         std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == kBlank; });
 }
 
 }  // namespace

@@ -1,31 +1,89 @@
 // zelorgas-ecusim: the simulated ECU as a process of its own.
+#include <atomic>
 #include <csignal>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <memory>
+#include <utility>
 
+#include "platform/StandardStreams.h"
 #include "sim/EcuSimOptions.h"
 #include "sim/LineServer.h"
 
+namespace zelorgas {
 namespace {
 
-using namespace zelorgas;
+constexpr int kDone = 0;
+constexpr int kNoPort = 1;
+constexpr int kWrongCommandLine = 2;
+constexpr int kFileTrouble = 3;
 
-// Set before the signals are caught, and only read by their handler.
-LineServer* serving = nullptr;
-
-extern "C" void HandleInterrupt(int) {
-  if (serving != nullptr) serving->Stop();
+// The server that a signal stops; null: none.
+std::atomic<LineServer*>& Serving() {
+  static std::atomic<LineServer*> server{nullptr};
+  return server;
 }
 
+extern "C" void HandleInterrupt(int) {
+  if (LineServer* const server = Serving()) server->Stop();
+}
+
+// While it lives an interrupt stops `server`.
+class InterruptStops {
+ public:
+  explicit InterruptStops(LineServer& server) {
+    Serving() = &server;
+    Catch(HandleInterrupt);
+  }
+  InterruptStops(const InterruptStops&) = delete;
+  InterruptStops& operator=(const InterruptStops&) = delete;
+  ~InterruptStops() {
+    Catch(SIG_DFL);
+    Serving() = nullptr;
+  }
+
+ private:
+  static void Catch(void (*handler)(int)) {
+    static_cast<void>(std::signal(SIGINT, handler));
+    static_cast<void>(std::signal(SIGTERM, handler));
+  }
+};
+
+// The symbolic link to the port; taken away again at the end.
+class PortLink {
+ public:
+  PortLink(std::string link, std::string port) : link_(std::move(link)), port_(std::move(port)) {
+    if (link_.empty()) return;
+    // A link that an earlier run left behind is ours to replace; anything else stays.
+    std::error_code error;
+    if (std::filesystem::is_symlink(link_, error)) std::filesystem::remove(link_, error);
+    std::filesystem::create_symlink(port_, link_, error);
+    failed_ = static_cast<bool>(error);
+  }
+  PortLink(const PortLink&) = delete;
+  PortLink& operator=(const PortLink&) = delete;
+  ~PortLink() {
+    std::error_code error;
+    // By now it may be another simulator's.
+    const bool ours = !link_.empty() && std::filesystem::read_symlink(link_, error) == port_;
+    if (ours) std::filesystem::remove(link_, error);
+  }
+  [[nodiscard]] bool Failed() const { return failed_; }
+
+ private:
+  std::string link_;
+  std::string port_;
+  bool failed_ = false;
+};
+
 std::string Printable(std::span<const std::uint8_t> frame) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string text;
   for (const std::uint8_t byte : frame) {
     if (byte >= ' ' && byte < 0x7F) {
       text += static_cast<char>(byte);
     } else if (byte != '\r' && byte != '\n') {
-      constexpr char kDigits[] = "0123456789ABCDEF";
       text += {'\\', 'x', kDigits[byte >> 4U], kDigits[byte & 0x0FU]};
     }
   }
@@ -49,29 +107,21 @@ std::unique_ptr<LineServer> OpenServer(const EcuSimOptions& options, SimulatedLi
   return ServeSerialDevice(line, clock, std::move(device), options.port);
 }
 
-// The symbolic link to the port; taken away again at the end.
-class PortLink {
- public:
-  PortLink(const std::string& link, const std::string& port) : link_(link) {
-    if (link_.empty()) return;
-    // A link that an earlier run left behind is ours to replace; anything else stays.
-    std::error_code error;
-    if (std::filesystem::is_symlink(link_, error)) std::filesystem::remove(link_, error);
-    std::filesystem::create_symlink(port, link_, error);
-    failed_ = static_cast<bool>(error);
-  }
-  PortLink(const PortLink&) = delete;
-  PortLink& operator=(const PortLink&) = delete;
-  ~PortLink() {
-    std::error_code error;
-    if (!link_.empty() && !failed_) std::filesystem::remove(link_, error);
-  }
-  [[nodiscard]] bool Failed() const { return failed_; }
+// One line a request: number, milliseconds since the start, what came, what went, which fault.
+SimulatedLine::ReportSink LogTo(std::ostream& log, Clock::TimePoint start) {
+  return [&log, start](const SimulatedLine::RequestReport& report) {
+    log << report.number << ' '
+        << std::chrono::floor<std::chrono::milliseconds>(report.when - start).count() << " ms "
+        << Printable(report.request) << " -> " << Printable(report.answer);
+    if (report.fault) log << " (" << NameOfFault(report.fault->kind) << ')';
+    log << std::endl;
+  };
+}
 
- private:
-  std::string link_;
-  bool failed_ = false;
-};
+int Fail(int status, const std::string& message) {
+  std::cerr << "zelorgas-ecusim: " << message << std::endl;
+  return status;
+}
 
 int Run(const EcuSimOptions& options) {
   const std::unique_ptr<Clock> clock = MakeSteadyClock();
@@ -83,52 +133,40 @@ int Run(const EcuSimOptions& options) {
   std::ofstream log;
   if (!options.log.empty()) {
     log.open(options.log);
-    if (!log) {
-      std::fprintf(stderr, "zelorgas-ecusim: cannot write %s\n", options.log.c_str());
-      return 3;
-    }
-    line.SetReportSink([&](const SimulatedLine::RequestReport& report) {
-      log << report.number << ' ' << Printable(report.request) << " -> " << Printable(report.answer)
-          << (report.fault ? " (fault)" : "") << std::endl;
-    });
+    if (!log) return Fail(kFileTrouble, "cannot write " + options.log);
+    line.SetReportSink(LogTo(log, clock->Now()));
   }
   std::string error;
   const std::unique_ptr<LineServer> server = OpenServer(options, line, *clock, error);
-  if (!server) {
-    std::fprintf(stderr, "zelorgas-ecusim: %s\n", error.c_str());
-    return 1;
+  if (!server) return Fail(kNoPort, error);
+  {
+    const InterruptStops interrupt(*server);
+    const PortLink link(options.link, server->Path());
+    if (link.Failed()) return Fail(kFileTrouble, "cannot make the link " + options.link);
+    std::cout << server->Path() << std::endl;
+    server->Serve();
   }
-  const PortLink link(options.link, server->Path());
-  if (link.Failed()) {
-    std::fprintf(stderr, "zelorgas-ecusim: cannot make the link %s\n", options.link.c_str());
-    return 3;
+  std::cout << line.RequestCount() << " requests, " << line.FaultCount() << " faults, "
+            << ecu.WriteCount() << " writes" << std::endl;
+  return kDone;
+}
+
+int Main(const std::vector<std::string>& words) {
+  EcuSimOptions options;
+  if (const std::string error = ParseEcuSimOptions(words, options); !error.empty()) {
+    return Fail(kWrongCommandLine, error + "\n\n" + EcuSimUsage());
   }
-  serving = server.get();
-  std::signal(SIGINT, HandleInterrupt);
-  std::signal(SIGTERM, HandleInterrupt);
-  std::printf("%s\n", server->Path().c_str());
-  std::fflush(stdout);
-  server->Serve();
-  std::signal(SIGINT, SIG_DFL);
-  std::signal(SIGTERM, SIG_DFL);
-  std::printf("%llu requests, %llu faults, %zu writes\n",
-              static_cast<unsigned long long>(line.RequestCount()),
-              static_cast<unsigned long long>(line.FaultCount()), ecu.WriteCount());
-  return 0;
+  if (options.help) {
+    std::cout << EcuSimUsage();
+    return kDone;
+  }
+  return Run(options);
 }
 
 }  // namespace
+}  // namespace zelorgas
 
 int main(int argc, char** argv) {
-  EcuSimOptions options;
-  const std::vector<std::string> words(argv + 1, argv + argc);
-  if (const std::string error = ParseEcuSimOptions(words, options); !error.empty()) {
-    std::fprintf(stderr, "zelorgas-ecusim: %s\n\n%s", error.c_str(), EcuSimUsage().c_str());
-    return 2;
-  }
-  if (options.help) {
-    std::fputs(EcuSimUsage().c_str(), stdout);
-    return 0;
-  }
-  return Run(options);
+  zelorgas::KeepStandardStreams();
+  return zelorgas::Main(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
 }

@@ -74,7 +74,9 @@ std::string ParseEcuSimOptions(std::span<const std::string> words, EcuSimOptions
     } else if (TakesValue(word)) {
       if (i + 1 == words.size()) return word + " needs a value";
       const std::string& value = words[++i];
-      if (!TakeValue(word, value, options)) return "'" + value + "' is no value for " + word;
+      if (!TakeValue(word, value, options)) {
+        return std::string("'").append(value).append("' is no value for ").append(word);
+      }
     } else {
       return "'" + word + "' is not an option";
     }

@@ -8,8 +8,7 @@ namespace zelorgas {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
-constexpr double kIdleSeconds = 6;         // at idle before the drive begins
-constexpr double kChangeOverCelsius = 40;  // coolant temperature at which the gas takes over
+constexpr double kIdleSeconds = 6;  // at idle before the drive begins
 
 // A well-mixed 64-bit value (splitmix64).
 std::uint64_t Mix(std::uint64_t value) {
@@ -38,7 +37,7 @@ double EngineModel::Wander(unsigned channel, double seconds, double period_s) co
   return lattice(whole) * (1 - blend) + lattice(whole + 1) * blend;
 }
 
-EngineState EngineModel::At(double seconds) const {
+EngineState EngineModel::At(double seconds, double change_over_celsius) const {
   EngineState state;
   const double drive = std::clamp((seconds - kIdleSeconds) / 4, 0.0, 1.0);
   // A blip of the throttle now and then, also while idling.
@@ -52,7 +51,7 @@ EngineState EngineModel::At(double seconds) const {
   state.coolant_celsius = 18 + 70 * (1 - std::exp(-seconds / 45)) + 2 * Wander(5, seconds, 9);
   state.gas_celsius = 15 + 30 * (1 - std::exp(-seconds / 120)) + 3 * Wander(6, seconds, 7);
   state.battery_volts = 13.8 + 0.4 * Wander(7, seconds, 4);
-  state.on_gas = state.coolant_celsius >= kChangeOverCelsius;
+  state.on_gas = state.coolant_celsius >= change_over_celsius;
   // A narrow-band probe swings between lean and rich about once a second.
   const double swing = 0.5 + 0.45 * std::sin(seconds * 2 * kPi * 0.9 + 3 * load);
   state.lambda1_volts = 0.05 + 0.85 * swing;

@@ -30,9 +30,9 @@ class EngineModel {
  public:
   explicit EngineModel(std::uint64_t seed) : seed_(seed) {}
 
-  // `seconds` since the engine was started: it idles, warms up, changes over to gas, and then
-  // drives through the whole map.
-  [[nodiscard]] EngineState At(double seconds) const;
+  // `seconds` since the engine was started: it idles, warms up, changes over to gas when its
+  // coolant reaches `change_over_celsius`, and drives through the whole map.
+  [[nodiscard]] EngineState At(double seconds, double change_over_celsius) const;
 
  private:
   // Smooth noise from 0 to 1 with a new value every `period_s`; `channel` keeps curves apart.

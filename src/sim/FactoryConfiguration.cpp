@@ -103,13 +103,23 @@ void FillThrottleTable(ConfigurationBlock& block, std::size_t first, int correct
   block[first + 4 * kBands] = 3;
 }
 
-// Each petrol injector drives the gas injector of its own cylinder.
-void FillRoutingMap(ConfigurationBlock& block, std::size_t map) {
+// Byte `byte` of the routing data: the low byte of a word comes first.
+void SetRoutingByte(ConfigurationBlock& block, std::size_t byte, unsigned value) {
+  std::uint16_t& word = block[block_layout::kRoutingMaps + byte / 2];
+  word = static_cast<std::uint16_t>(word | (byte % 2 == 0 ? value : value << 8U));
+}
+
+// Each petrol injector drives the gas injector of its own cylinder, in both maps.
+void FillRouting(ConfigurationBlock& block) {
   constexpr std::size_t kInjectors = 6;
-  for (std::size_t i = 0; i < kInjectors; ++i) {
-    const std::size_t byte = map * kInjectors * kInjectors + i * kInjectors + i;
-    std::uint16_t& word = block[block_layout::kRoutingMaps + byte / 2];
-    word = static_cast<std::uint16_t>(word | (byte % 2 == 0 ? 0x0001U : 0x0100U));
+  constexpr std::size_t kMapBytes = kInjectors * kInjectors;
+  constexpr std::size_t kSwappedBytes = 2 * kMapBytes;
+  constexpr std::size_t kSetBytes = kSwappedBytes + kInjectors;
+  for (unsigned i = 0; i < kInjectors; ++i) {
+    SetRoutingByte(block, i * kInjectors + i, 1);
+    SetRoutingByte(block, kMapBytes + i * kInjectors + i, 1);
+    SetRoutingByte(block, kSwappedBytes + i, i);
+    SetRoutingByte(block, kSetBytes + i, 1U << i);
   }
 }
 
@@ -132,8 +142,7 @@ ConfigurationBlock FactoryConfiguration() {
   }
   FillThrottleTable(block, kAccelerationTable, 10);
   FillThrottleTable(block, kDecelerationTable, -8);
-  FillRoutingMap(block, 0);
-  FillRoutingMap(block, 1);
+  FillRouting(block);
   return block;
 }
 

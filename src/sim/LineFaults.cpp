@@ -28,8 +28,10 @@ constexpr auto kNames = std::to_array<FaultName>({
     {"corrupt-echo", FaultKind::kCorruptEcho, 0, "a character of the echo is wrong"},
     {"silent", FaultKind::kSilent, 5000, "the ECU is silent for so many ms"},
     {"restart", FaultKind::kRestart, 0, "the ECU restarts instead of answering"},
-    {"power-loss", FaultKind::kPowerLoss, 0, "the ECU loses its supply before the request"},
-    {"unplug", FaultKind::kUnplug, 0, "the adapter is pulled out after the request and its echo"},
+    {"power-loss", FaultKind::kPowerLoss, 0,
+     "the ECU loses its supply: before the request, or after so many characters of the answer"},
+    {"unplug", FaultKind::kUnplug, 0,
+     "the adapter is pulled out after the request and so many characters of the answer"},
 });
 
 // The whole of `text` as a number.
@@ -49,6 +51,10 @@ bool TakePrefix(std::string_view& text, std::string_view prefix) {
 }  // namespace
 
 std::span<const FaultName> FaultNames() { return kNames; }
+
+std::string_view NameOfFault(FaultKind kind) {
+  return std::ranges::find(kNames, kind, &FaultName::kind)->name;
+}
 
 void LineFaults::At(std::uint64_t request, Fault fault) {
   rules_.push_back({.at = request, .fault = fault});
@@ -98,6 +104,7 @@ std::optional<Fault> LineFaults::ForRequest(std::uint64_t request) {
         (rule.probability > 0 && std::generate_canonical<double, 53>(random_) < rule.probability);
     if (falls && !chosen) chosen = rule.fault;
   }
+  std::erase_if(rules_, [request](const Rule& rule) { return rule.at != 0 && rule.at <= request; });
   return chosen;
 }
 

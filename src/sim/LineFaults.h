@@ -33,8 +33,10 @@ enum class FaultKind : std::uint8_t {
   kCorruptEcho,    // one of its characters is wrong
   kSilent,         // the ECU is silent from this request on, for `parameter` ms
   kRestart,        // the ECU restarts instead of answering
-  kPowerLoss,      // the ECU loses its supply before it sees the request
-  kUnplug,         // the adapter is pulled out after the request and its echo
+  kPowerLoss,      // the ECU loses its supply: before it sees the request when `parameter` is 0,
+                   // otherwise when it has acted and sent so many characters of its answer
+  kUnplug,         // the adapter is pulled out after the request, its echo and `parameter`
+                   // characters of the answer
 };
 
 struct Fault {
@@ -50,12 +52,13 @@ struct FaultName {
   std::string_view meaning;
 };
 [[nodiscard]] std::span<const FaultName> FaultNames();
+[[nodiscard]] std::string_view NameOfFault(FaultKind kind);
 
 class LineFaults {
  public:
   explicit LineFaults(std::uint64_t seed = 1) : random_(seed) {}
 
-  // At request number `request`, counted from 1 over the line's life.
+  // At request number `request`, counted from 1 over the line's life; used up then.
   void At(std::uint64_t request, Fault fault);
   // At every `period`-th request.
   void Every(std::uint64_t period, Fault fault);

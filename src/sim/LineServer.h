@@ -12,6 +12,9 @@ namespace zelorgas {
 
 class LineServer {
  public:
+  LineServer() = default;
+  LineServer(const LineServer&) = delete;
+  LineServer& operator=(const LineServer&) = delete;
   virtual ~LineServer() = default;
 
   // The name by which the client opens its end.

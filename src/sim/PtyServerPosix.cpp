@@ -8,42 +8,29 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
+#include <string>
+#include <system_error>
+#include <tuple>
+#include <utility>
 
+#include "platform/FileDescriptor.h"
 #include "sim/LineServer.h"
 
 namespace zelorgas {
 namespace {
 
-// Characters go out in bursts of this length, the last one of a burst on time: a client's wait for
-// a whole frame ends when the wire's would, and neither side wakes for every character.
-constexpr std::chrono::milliseconds kBurst{4};
 // How often an unplugged line is looked at again.
 constexpr timespec kUnpluggedLook{0, 20'000'000};
 
-class FileHandle {
- public:
-  explicit FileHandle(int fd = -1) : fd_(fd) {}
-  FileHandle(const FileHandle&) = delete;
-  FileHandle& operator=(const FileHandle&) = delete;
-  ~FileHandle() {
-    if (fd_ >= 0) close(fd_);
-  }
-  [[nodiscard]] int Get() const { return fd_; }
-
- private:
-  int fd_;
-};
-
 class PtyServerPosix final : public LineServer {
  public:
-  PtyServerPosix(SimulatedLine& line, Clock& clock, int master, int slave, int stop,
-                 std::string path)
+  PtyServerPosix(SimulatedLine& line, Clock& clock, FileDescriptor master, FileDescriptor slave,
+                 FileDescriptor stop, std::string path)
       : line_(line),
         clock_(clock),
-        master_(master),
-        slave_(slave),
-        stop_(stop),
+        master_(std::move(master)),
+        slave_(std::move(slave)),
+        stop_(std::move(stop)),
         path_(std::move(path)) {}
 
   const std::string& Path() const override { return path_; }
@@ -53,8 +40,12 @@ class PtyServerPosix final : public LineServer {
     while (true) {
       timespec timeout{};
       const timespec* const until = NextWake(timeout);
-      if (ppoll(waits.data(), waits.size(), until, nullptr) < 0 && errno != EINTR) return;
-      if ((waits[1].revents & POLLIN) != 0) return;
+      if (ppoll(waits.data(), waits.size(), until, nullptr) < 0) {
+        if (errno == EINTR) continue;
+        return;
+      }
+      // With the other end held open the terminal gives no error; one would come again at once.
+      if (waits[1].revents != 0 || (waits[0].revents & ~POLLIN) != 0) return;
       if ((waits[0].revents & POLLIN) != 0) TakeFromClient();
       GiveToClient();
     }
@@ -63,7 +54,7 @@ class PtyServerPosix final : public LineServer {
   void Stop() override {
     const std::uint64_t one = 1;
     // Nothing can be done about a failure here, and an eventfd with room for it has none.
-    static_cast<void>(!write(stop_.Get(), &one, sizeof one));
+    std::ignore = write(stop_.Get(), &one, sizeof one);
   }
 
  private:
@@ -73,7 +64,7 @@ class PtyServerPosix final : public LineServer {
       timeout = kUnpluggedLook;
       return &timeout;
     }
-    const std::optional<Clock::TimePoint> due = line_.LastArrivalWithin(kBurst);
+    const std::optional<Clock::TimePoint> due = line_.LastArrivalWithin(SimulatedLine::kBurst);
     if (!due) return nullptr;
     const auto left = std::max<std::int64_t>((*due - clock_.Now()).count(), 0);
     timeout.tv_sec = static_cast<time_t>(left / 1'000'000'000);
@@ -91,14 +82,14 @@ class PtyServerPosix final : public LineServer {
     due_.clear();
     if (line_.Collect(due_) == 0) return;
     // What a client does not read is lost, as on a wire.
-    static_cast<void>(!write(master_.Get(), due_.data(), due_.size()));
+    std::ignore = write(master_.Get(), due_.data(), due_.size());
   }
 
   SimulatedLine& line_;
   Clock& clock_;
-  FileHandle master_;
-  FileHandle slave_;  // kept open, so that a client's close does not hang the line up
-  FileHandle stop_;
+  FileDescriptor master_;
+  FileDescriptor slave_;  // kept open, so that a client's close does not hang the line up
+  FileDescriptor stop_;
   std::string path_;
   std::vector<std::uint8_t> due_;
 };
@@ -107,32 +98,28 @@ class PtyServerPosix final : public LineServer {
 
 std::unique_ptr<LineServer> OpenPtyServer(SimulatedLine& line, Clock& clock, std::string& error) {
   const auto failure = [&error](const char* what) {
-    error = std::string(what) + ": " + std::strerror(errno);
+    error = std::string(what) + ": " + std::generic_category().message(errno);
     return nullptr;
   };
-  const int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
-  if (master < 0) return failure("no pseudo-terminal");
+  FileDescriptor master(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK));
+  if (!master) return failure("no pseudo-terminal");
   std::array<char, 128> path{};
-  if (grantpt(master) != 0 || unlockpt(master) != 0 ||
-      ptsname_r(master, path.data(), path.size()) != 0) {
-    close(master);
+  if (grantpt(master.Get()) != 0 || unlockpt(master.Get()) != 0 ||
+      ptsname_r(master.Get(), path.data(), path.size()) != 0) {
     return failure("the pseudo-terminal has no other end");
   }
-  const int slave = open(path.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-  const int stop = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  FileDescriptor slave(open(path.data(), O_RDWR | O_NOCTTY | O_CLOEXEC));
   termios settings{};
-  if (slave < 0 || stop < 0 || tcgetattr(slave, &settings) != 0) {
-    const int reason = errno;
-    for (const int fd : {master, slave, stop}) {
-      if (fd >= 0) close(fd);
-    }
-    errno = reason;
+  if (!slave || tcgetattr(slave.Get(), &settings) != 0) {
     return failure("the pseudo-terminal's other end does not open");
   }
   // Until a client says otherwise nothing is translated or echoed by the terminal itself.
   cfmakeraw(&settings);
-  tcsetattr(slave, TCSANOW, &settings);
-  return std::make_unique<PtyServerPosix>(line, clock, master, slave, stop, path.data());
+  tcsetattr(slave.Get(), TCSANOW, &settings);
+  FileDescriptor stop(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+  if (!stop) return failure("no event");
+  return std::make_unique<PtyServerPosix>(line, clock, std::move(master), std::move(slave),
+                                          std::move(stop), path.data());
 }
 
 }  // namespace zelorgas

@@ -34,7 +34,7 @@ class SerialLineServer final : public LineServer {
   // At most a slice, so that Stop is seen.
   [[nodiscard]] Clock::Duration UntilNextArrival() const {
     const Clock::Duration slice = SerialDevice::kWaitSlice;
-    const std::optional<Clock::TimePoint> next = line_.NextArrival();
+    const std::optional<Clock::TimePoint> next = line_.LastArrivalWithin(SimulatedLine::kBurst);
     return next ? std::clamp(*next - clock_.Now(), Clock::Duration{0}, slice) : slice;
   }
 

@@ -18,6 +18,7 @@
 #include "platform/Clock.h"
 #include "sim/Bootloader.h"
 #include "sim/EngineModel.h"
+#include "sim/ModbusSlave.h"
 
 namespace zelorgas {
 
@@ -31,7 +32,7 @@ struct SimulatedEcuOptions {
   std::uint64_t seed = 1;
 };
 
-class SimulatedEcu {
+class SimulatedEcu final : private SlaveMap {
  public:
   static constexpr std::size_t kTemporaryErrors = 10;
   static constexpr std::size_t kPermanentErrors = 5;
@@ -43,7 +44,12 @@ class SimulatedEcu {
   // What the ECU answers to a request unit: the response, an exception response, or nothing when
   // the request is not for it. Requests take effect at once.
   [[nodiscard]] std::optional<std::vector<std::uint8_t>> Answer(
-      std::span<const std::uint8_t> request);
+      std::span<const std::uint8_t> request) {
+    return AnswerAt(request, clock_.Now());
+  }
+  // The same for a request that the ECU has in full at `when`: live values are those of then.
+  [[nodiscard]] std::optional<std::vector<std::uint8_t>> AnswerAt(
+      std::span<const std::uint8_t> request, Clock::TimePoint when);
 
   // A reset: the restart flag (coil 43) is raised, the configuration stays.
   void Restart();
@@ -58,6 +64,8 @@ class SimulatedEcu {
   [[nodiscard]] std::uint16_t ErrorCount(bool permanent, std::size_t code) const;
   [[nodiscard]] bool Coil(std::uint16_t number) const;
   void SetCoil(std::uint16_t number, bool on);
+  // Holds the engine in `state`, and lets it run again when empty.
+  void PinEngine(std::optional<EngineState> state);
   [[nodiscard]] bool InBootloader() const;
   [[nodiscard]] std::vector<std::uint8_t> Flash() const;
   // Runs `change` on the bootloader under the ECU's lock.
@@ -69,29 +77,26 @@ class SimulatedEcu {
   [[nodiscard]] std::size_t WriteCount() const;  // accepted writes of coils and registers
 
  private:
-  using Response = std::vector<std::uint8_t>;
-
   // All of these run under lock_.
-  [[nodiscard]] Response Execute(std::span<const std::uint8_t> request);
-  [[nodiscard]] Response ReadBits(std::span<const std::uint8_t> request);
-  [[nodiscard]] Response ReadRegisters(std::span<const std::uint8_t> request);
-  [[nodiscard]] Response WriteCoilUnit(std::span<const std::uint8_t> request);
-  [[nodiscard]] Response WriteRegisterUnit(std::span<const std::uint8_t> request);
-  [[nodiscard]] Response WriteRegistersUnit(std::span<const std::uint8_t> request);
-  [[nodiscard]] Response ReadFifo(std::span<const std::uint8_t> request);
-  [[nodiscard]] Response Identify(std::span<const std::uint8_t> request) const;
+  [[nodiscard]] std::optional<bool> Bit(ModbusFunction function, std::uint16_t number) override;
+  [[nodiscard]] std::optional<std::uint16_t> Word(ModbusFunction function,
+                                                  std::uint16_t number) override;
+  [[nodiscard]] bool WriteCoil(std::uint16_t number, bool on) override;
+  [[nodiscard]] std::uint16_t* WritableRegister(std::uint16_t number) override;
+  [[nodiscard]] std::optional<std::vector<std::uint16_t>> Fifo(std::uint16_t pointer) override;
+  [[nodiscard]] std::vector<std::string> IdentificationObjects() const override;
 
-  [[nodiscard]] std::optional<bool> Bit(ModbusFunction function, std::uint16_t number) const;
-  [[nodiscard]] std::optional<std::uint16_t> HoldingRegister(std::uint16_t number);
-  [[nodiscard]] std::optional<std::uint16_t> InputRegister(std::uint16_t number) const;
-  [[nodiscard]] std::uint16_t* WritableRegister(std::uint16_t number);
-  [[nodiscard]] bool WriteCoil(std::uint16_t number, bool on);
+  [[nodiscard]] std::optional<bool> BootloaderBit(bool coil, std::uint16_t number) const;
+  [[nodiscard]] std::optional<std::uint16_t> InputRegister(std::uint16_t number);
+  [[nodiscard]] std::uint16_t CylinderTime(std::uint16_t channel);
   [[nodiscard]] std::uint16_t ClearErrorsCoil() const;
+  [[nodiscard]] unsigned CoilCount() const;
 
-  [[nodiscard]] double Seconds(Clock::TimePoint time) const;
+  // The engine at the time of the request, and at any time.
+  [[nodiscard]] const EngineState& Engine();
+  [[nodiscard]] EngineState EngineAt(double seconds) const;
+  [[nodiscard]] double GasTimeMicroseconds();
   [[nodiscard]] std::array<std::uint16_t, 4> RecordAt(std::uint64_t number) const;
-  [[nodiscard]] std::uint64_t RecordsSoFar() const;
-  [[nodiscard]] double GasTimeMicroseconds(const EngineState& engine) const;
   void Boot(bool into_bootloader);
 
   Clock& clock_;
@@ -100,6 +105,9 @@ class SimulatedEcu {
 
   mutable std::mutex lock_;
   Clock::TimePoint started_;
+  Clock::TimePoint now_;                   // of the request that is executed
+  std::optional<EngineState> engine_now_;  // then, once somebody has asked
+  std::optional<EngineState> pinned_engine_;
   ConfigurationBlock block_{};
   std::array<std::uint16_t, kTemporaryErrors> temporary_errors_{};
   std::array<std::uint16_t, kPermanentErrors> permanent_errors_{};

@@ -14,6 +14,9 @@ using Frame = std::vector<std::uint8_t>;
 
 constexpr std::size_t kLongestFrame = 600;
 constexpr std::size_t kCrcBytes = 2;
+constexpr std::uint32_t kDefaultBaud = 19200;
+// Silence within an ASCII frame that gives it up.
+constexpr std::chrono::seconds kAsciiSilence{1};
 
 // The length of an RTU request with its CRC, as far as its first bytes tell; 0 when they do not.
 std::size_t RtuRequestLength(std::span<const std::uint8_t> bytes) {
@@ -52,6 +55,8 @@ void SpoilFrame(Frame& frame, const Fault& fault, bool ascii) {
           static_cast<std::uint8_t>(1U << (fault.parameter % 8));
       break;
     case FaultKind::kTruncate:
+    case FaultKind::kPowerLoss:
+    case FaultKind::kUnplug:
       frame.resize(std::min<std::size_t>(fault.parameter, frame.size()));
       break;
     case FaultKind::kDuplicate: {
@@ -76,9 +81,9 @@ SimulatedLine::SimulatedLine(SimulatedEcu& ecu, Clock& clock, SimulatedLineOptio
     : ecu_(ecu),
       clock_(clock),
       options_(options),
-      character_(options.paced && options.baud != 0
-                     ? Clock::Duration(std::chrono::seconds(10)) / options.baud
-                     : Clock::Duration{0}),
+      character_time_(Clock::Duration(std::chrono::seconds(10)) /
+                      (options.baud != 0 ? options.baud : kDefaultBaud)),
+      character_(options.paced ? character_time_ : Clock::Duration{0}),
       faults_(options.seed),
       noise_(static_cast<std::minstd_rand::result_type>(options.seed)) {}
 
@@ -95,10 +100,12 @@ Clock::TimePoint SimulatedLine::Transmit(std::span<const std::uint8_t> bytes) {
 
 void SimulatedLine::TakeByte(std::uint8_t byte, Clock::TimePoint when) {
   const bool ascii = !request_.empty() && request_.front() == ':';
-  // A colon begins an ASCII frame anew; silence of 3.5 characters ends an RTU frame.
-  const bool abandoned =
-      !request_.empty() && (ascii ? byte == ':' : when - last_byte_ > character_ * 9 / 2);
-  if (abandoned && (ascii || character_ > Clock::Duration{0})) request_.clear();
+  // A frame is given up by silence, 3.5 characters long in RTU (and one more, as both times are a
+  // character's end); an ASCII frame also by a new colon.
+  const Clock::Duration silence = when - last_byte_;
+  if (silence > (ascii ? kAsciiSilence : character_time_ * 9 / 2) || (ascii && byte == ':')) {
+    request_.clear();
+  }
   // Between two frames only what can begin one counts.
   const bool begins = byte == ':' || byte == ECU_SLAVE_ADDRESS;
   if (request_.empty() && !begins) {
@@ -139,38 +146,34 @@ void SimulatedLine::FrameComplete(Clock::TimePoint when) {
       ascii ? DecodeAsciiFrame(frame, unit, length)
             : DecodeRtuFrame(frame, frame.size(), frame.size() - kCrcBytes, unit, length);
   unit.resize(length);
-  const std::size_t before = arrivals_.size();
-  // A frame whose check fails was spoilt on the way or was meant for nobody: no answer.
-  if (check == ModbusResult::kOk) Serve(unit, ascii, when);
-  if (report_) {
-    Frame answer;
-    for (std::size_t i = before; i < arrivals_.size(); ++i) answer.push_back(arrivals_[i].byte);
-    report_({requests_, frame, answer, fault_});
-  }
-  if (FaultIs(FaultKind::kUnplug)) {
-    // The echo still comes; then the adapter is gone.
-    arrivals_.erase(arrivals_.begin() + static_cast<std::ptrdiff_t>(before), arrivals_.end());
-    unplug_when_quiet_ = true;
-  }
+  // A frame whose check fails was spoilt on the way: no answer.
+  const Frame answer = check == ModbusResult::kOk ? Serve(unit, ascii, when) : Frame{};
+  if (FaultIs(FaultKind::kUnplug)) unplug_when_quiet_ = true;
+  if (report_) report_({requests_, when, frame, answer, fault_});
 }
 
-void SimulatedLine::Serve(std::span<const std::uint8_t> unit, bool ascii, Clock::TimePoint when) {
+Frame SimulatedLine::Serve(std::span<const std::uint8_t> unit, bool ascii, Clock::TimePoint when) {
+  // Faults of the answer are no business of a unit that the ECU does not answer.
+  if (unit.empty() || unit[0] != ECU_SLAVE_ADDRESS) return {};
   std::optional<Frame> answer = AnswerUnit(unit, when);
   if (FaultIs(FaultKind::kEndlessNoise)) SendNoise(when, milliseconds{fault_->parameter});
-  if (!answer) return;
+  if (!answer) return {};
   if (fault_) SpoilUnit(*answer, fault_->kind);
   Frame frame;
   ascii ? EncodeAsciiFrame(*answer, frame) : EncodeRtuFrame(*answer, frame);
   if (fault_) SpoilFrame(frame, *fault_, ascii);
   const milliseconds delay{FaultIs(FaultKind::kDelay) ? fault_->parameter : 0};
-  Send(frame, std::max(when + delay, receive_free_));
+  const Clock::TimePoint from = std::max(when + options_.answer_delay + delay, receive_free_);
+  receive_free_ = from + character_ * frame.size();
+  Send(frame, from, !ascii);
+  return frame;
 }
 
 std::optional<Frame> SimulatedLine::AnswerUnit(std::span<const std::uint8_t> unit,
                                                Clock::TimePoint when) {
   if (FaultIs(FaultKind::kSilent)) silent_until_ = when + milliseconds{fault_->parameter};
   if (when < silent_until_ || FaultIs(FaultKind::kDropRequest)) return std::nullopt;
-  if (FaultIs(FaultKind::kPowerLoss)) {
+  if (FaultIs(FaultKind::kPowerLoss) && fault_->parameter == 0) {
     ecu_.LosePower();
     return std::nullopt;
   }
@@ -182,30 +185,31 @@ std::optional<Frame> SimulatedLine::AnswerUnit(std::span<const std::uint8_t> uni
     return Frame{unit[0], static_cast<std::uint8_t>(unit[1] | 0x80U),
                  static_cast<std::uint8_t>(fault_->parameter)};
   }
-  std::optional<Frame> answer = ecu_.Answer(unit);
+  std::optional<Frame> answer = ecu_.AnswerAt(unit, when);
+  if (FaultIs(FaultKind::kPowerLoss)) ecu_.LosePower();
   if (FaultIs(FaultKind::kDropAnswer) || FaultIs(FaultKind::kEndlessNoise)) return std::nullopt;
   return answer;
 }
 
 // Characters one after the other from `from` on. What was sent earlier but arrives later (a delayed
 // answer) keeps its own time.
-void SimulatedLine::Send(std::span<const std::uint8_t> frame, Clock::TimePoint from) {
-  Clock::TimePoint when = from;
-  for (const std::uint8_t byte : frame) {
-    when += character_;
-    if (arrivals_.empty() || arrivals_.back().when <= when) {
-      arrivals_.push_back({when, byte});
+void SimulatedLine::Send(std::span<const std::uint8_t> frame, Clock::TimePoint from, bool joined) {
+  Arrival arrival{.when = from};
+  for (std::size_t i = 0; i < frame.size(); ++i) {
+    arrival.when += character_;
+    arrival.byte = frame[i];
+    arrival.joined = joined && i + 1 < frame.size();
+    if (arrivals_.empty() || arrivals_.back().when <= arrival.when) {
+      arrivals_.push_back(arrival);
       continue;
     }
-    const auto place = std::ranges::upper_bound(arrivals_, when, {}, &Arrival::when);
-    arrivals_.insert(place, {when, byte});
+    arrivals_.insert(std::ranges::upper_bound(arrivals_, arrival.when, {}, &Arrival::when),
+                     arrival);
   }
 }
 
 void SimulatedLine::SendNoise(Clock::TimePoint from, milliseconds duration) {
-  constexpr Clock::Duration kUnpacedCharacter = std::chrono::microseconds(520);
-  const Clock::Duration each = character_ > Clock::Duration{0} ? character_ : kUnpacedCharacter;
-  for (Clock::TimePoint when = from; when < from + duration; when += each) {
+  for (Clock::TimePoint when = from; when < from + duration; when += character_time_) {
     const auto byte = static_cast<std::uint8_t>(noise_() % 128);
     Send(std::span(&byte, 1), when);
   }
@@ -225,15 +229,18 @@ std::size_t SimulatedLine::Collect(std::vector<std::uint8_t>& received) {
 }
 
 std::optional<Clock::TimePoint> SimulatedLine::NextArrival() const {
-  return LastArrivalWithin(Clock::Duration{0});
+  const std::lock_guard guard(lock_);
+  if (arrivals_.empty()) return std::nullopt;
+  return arrivals_.front().when;
 }
 
 std::optional<Clock::TimePoint> SimulatedLine::LastArrivalWithin(Clock::Duration window) const {
   const std::lock_guard guard(lock_);
   if (arrivals_.empty()) return std::nullopt;
   const Clock::TimePoint limit = arrivals_.front().when + window;
-  const auto after = std::ranges::upper_bound(arrivals_, limit, {}, &Arrival::when);
-  return std::prev(after)->when;
+  auto last = std::prev(std::ranges::upper_bound(arrivals_, limit, {}, &Arrival::when));
+  while (last->joined && std::next(last) != arrivals_.end()) ++last;
+  return last->when;
 }
 
 void SimulatedLine::SetPlugged(bool plugged) {

@@ -22,16 +22,22 @@ namespace zelorgas {
 
 struct SimulatedLineOptions {
   bool echo = true;
-  bool paced = true;           // otherwise everything arrives at once
-  std::uint32_t baud = 19200;  // ten bit times a character
+  bool paced = true;                          // otherwise everything arrives at once
+  std::uint32_t baud = 19200;                 // ten bit times a character
+  std::chrono::milliseconds answer_delay{0};  // the ECU's own time between request and answer
   std::uint64_t seed = 1;
 };
 
 class SimulatedLine {
  public:
+  // Who carries the characters on may hand them over in bursts of this length, as a driver does, so
+  // that nobody wakes for each. It stays below the silence that ends an RTU frame.
+  static constexpr std::chrono::milliseconds kBurst{1};
+
   // What the simulator's log and summary want to know of one request.
   struct RequestReport {
     std::uint64_t number;
+    Clock::TimePoint when;                  // its last character
     std::span<const std::uint8_t> request;  // frame as received
     std::span<const std::uint8_t> answer;   // frame as sent, empty when none
     std::optional<Fault> fault;
@@ -45,8 +51,9 @@ class SimulatedLine {
   Clock::TimePoint Transmit(std::span<const std::uint8_t> bytes);
   // Appends to `received` what has arrived at the PC by now; gives how many bytes.
   std::size_t Collect(std::vector<std::uint8_t>& received);
-  // When the next character arrives, and when the last of those that arrive within `window` of it;
-  // empty while the line is quiet.
+  // When the next character arrives, and when the last of those that arrive within `window` of it
+  // or belong to the same RTU answer (whose reader takes a gap for its end); empty while the line
+  // is quiet.
   [[nodiscard]] std::optional<Clock::TimePoint> NextArrival() const;
   [[nodiscard]] std::optional<Clock::TimePoint> LastArrivalWithin(Clock::Duration window) const;
 
@@ -60,12 +67,14 @@ class SimulatedLine {
   void ArmFault(Fault fault, std::uint64_t ahead = 1);
   [[nodiscard]] std::uint64_t RequestCount() const;
   [[nodiscard]] std::uint64_t FaultCount() const;
+  // `sink` runs under the line's lock and must not call the line.
   void SetReportSink(ReportSink sink);
 
  private:
   struct Arrival {
-    Clock::TimePoint when;
-    std::uint8_t byte;
+    Clock::TimePoint when{};
+    std::uint8_t byte = 0;
+    bool joined = false;  // to the one after it
   };
   using Frame = std::vector<std::uint8_t>;
 
@@ -74,17 +83,18 @@ class SimulatedLine {
   void BeginRequest();
   void Echo(std::uint8_t byte, Clock::TimePoint when);
   void FrameComplete(Clock::TimePoint when);
-  void Serve(std::span<const std::uint8_t> unit, bool ascii, Clock::TimePoint when);
+  [[nodiscard]] Frame Serve(std::span<const std::uint8_t> unit, bool ascii, Clock::TimePoint when);
   [[nodiscard]] std::optional<Frame> AnswerUnit(std::span<const std::uint8_t> unit,
                                                 Clock::TimePoint when);
-  void Send(std::span<const std::uint8_t> frame, Clock::TimePoint from);
+  void Send(std::span<const std::uint8_t> frame, Clock::TimePoint from, bool joined = false);
   void SendNoise(Clock::TimePoint from, std::chrono::milliseconds duration);
   [[nodiscard]] bool FaultIs(FaultKind kind) const { return fault_ && fault_->kind == kind; }
 
   SimulatedEcu& ecu_;
   Clock& clock_;
   const SimulatedLineOptions options_;
-  const Clock::Duration character_;
+  const Clock::Duration character_time_;  // by the baud rate
+  const Clock::Duration character_;       // what a character takes here: none when unpaced
 
   mutable std::mutex lock_;
   LineFaults faults_;

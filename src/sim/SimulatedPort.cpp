@@ -9,10 +9,6 @@
 namespace zelorgas {
 namespace {
 
-// Characters are handed over in bursts of this length, as a driver does, so that a waiting thread
-// is not woken for each; the last one of a burst is on time.
-constexpr std::chrono::milliseconds kBurst{4};
-
 class SimulatedDevice final : public PolledSerialDevice {
  public:
   SimulatedDevice(SimulatedLine& line, Clock& clock, std::shared_ptr<std::atomic<bool>> in_use)
@@ -51,7 +47,8 @@ class SimulatedDevice final : public PolledSerialDevice {
   Arrival Receive(std::vector<std::uint8_t>& received, Clock::TimePoint deadline) override {
     if (!line_.Plugged()) return Arrival::kGone;
     if (line_.Collect(received) > 0) return Arrival::kBytes;
-    const Clock::TimePoint arrival = line_.LastArrivalWithin(kBurst).value_or(deadline);
+    const Clock::TimePoint arrival =
+        line_.LastArrivalWithin(SimulatedLine::kBurst).value_or(deadline);
     DeviceClock().SleepUntil(std::min(arrival, deadline));
     if (!line_.Plugged()) return Arrival::kGone;
     return line_.Collect(received) > 0 ? Arrival::kBytes : Arrival::kNothing;

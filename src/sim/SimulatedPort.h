@@ -1,15 +1,10 @@
 // The simulated line as a serial port of this process.
 #pragma once
 
-#include <string_view>
-
 #include "platform/SerialDevice.h"
 #include "sim/SimulatedLine.h"
 
 namespace zelorgas {
-
-// How the port lists name it.
-inline constexpr std::string_view kSimulatedPortName = "Simulated ECU";
 
 // Opens `line` by whatever name, one user at a time; null while the adapter is unplugged or the
 // port is in use. Waits cost the clock's time, so with a virtual clock none. `line` and `clock`

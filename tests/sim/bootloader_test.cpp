@@ -53,6 +53,7 @@ TEST_F(BootloaderTest, ErasingNeedsFlashMode) {
   EXPECT_EQ(Erase(2), 0U);
   EXPECT_TRUE(IsBlank(2));
   EXPECT_NE(Erase(1), 0U) << "its own block";
+  EXPECT_FALSE(IsBlank(1));
   EXPECT_NE(Erase(4), 0U) << "a block that does not exist";
 }
 

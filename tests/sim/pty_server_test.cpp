@@ -64,6 +64,16 @@ TEST_F(PtyServerTest, RtuWithoutEcho) {
   EXPECT_EQ(block, ecu_.Block());
 }
 
+TEST_F(PtyServerTest, RtuAtThePaceOfTheLineHasNoGapsInAFrame) {
+  Serve({.echo = false});
+  ModbusSerialPort port(SystemSerialPorts(*clock_), *clock_);
+  ASSERT_TRUE(Open(port, FramingMode::kRtu));
+  for (int i = 0; i < 5; ++i) {
+    std::vector<std::uint16_t> words;
+    EXPECT_EQ(port.ReadHoldingRegisters(ECU_SLAVE_ADDRESS, 256, 32, words), ModbusResult::kOk);
+  }
+}
+
 TEST_F(PtyServerTest, ThePaceIsKept) {
   Serve({});
   ModbusSerialPort port(SystemSerialPorts(*clock_), *clock_);

@@ -153,6 +153,71 @@ TEST_F(SimulatedEcuTest, TheDriveMovesEveryGaugeAndWandersThroughTheMap) {
   EXPECT_GT(inputs[0].size(), 10U);
 }
 
+TEST_F(SimulatedEcuTest, WhatTheLiveRegistersSayOfAGivenEngine) {
+  SimulatedEcu ecu(clock_);
+  EngineState engine;
+  engine.speed_rpm = 3010;
+  engine.petrol_time_us = 5000;  // the cell of 4 ms and 3000 1/min: 1.50
+  engine.throttle_percent = -3;
+  engine.manifold_bar = 0.7;
+  engine.coolant_celsius = -12;
+  engine.gas_celsius = 31;
+  engine.battery_volts = 13.9;
+  engine.lambda1_volts = 0.45;
+  engine.lambda2_volts = 0.66;
+  engine.gas_pressure_bar = 1.27;
+  engine.gas_level_percent = 60;
+  engine.on_gas = true;
+  engine.mode = 2;
+  ecu.PinEngine(engine);
+  clock_.Sleep(milliseconds{100});
+  EXPECT_EQ(Fifo(ecu, 0), (Unit{11, 24, 0, 10, 0, 4, 33, 45, 139, 244, 7, 31, 0x0B, 0xC2}));
+  EXPECT_EQ(Ask(ecu, 4, 71, 6),
+            (Unit{11, 4, 12, 0x13, 0x88, 0x1D, 0x4C, 0, 0xFD, 0, 2, 0, 1, 0, 60}));
+  EXPECT_EQ(Input(ecu, 43), 127);
+  EXPECT_EQ(Input(ecu, 47), 5000);
+  EXPECT_EQ(Input(ecu, 50), 5150) << "the fourth cylinder differs a little";
+  EXPECT_EQ(Input(ecu, 51), 0) << "the car has no fifth";
+  EXPECT_EQ(Input(ecu, 53), 7500);
+  EXPECT_EQ(Ask(ecu, 2, 32, 7)[3], 0x0F);
+  engine.on_gas = false;
+  ecu.PinEngine(engine);
+  EXPECT_EQ(Input(ecu, 72), 0);
+  EXPECT_EQ(Ask(ecu, 1, 36, 1)[3], 0);
+}
+
+TEST_F(SimulatedEcuTest, ASeedIsADriveAndValuesAreThoseOfTheRequestsTime) {
+  SimulatedEcu ecu(clock_, {.seed = 5});
+  SimulatedEcu twin(clock_, {.seed = 5});
+  SimulatedEcu other(clock_, {.seed = 6});
+  const Clock::TimePoint later = clock_.Now() + std::chrono::seconds{40};
+  const Unit request{11, 4, 0, 71, 0, 16};
+  const Unit ahead = ecu.AnswerAt(request, later).value();
+  EXPECT_NE(ahead, ecu.Answer(request));
+  clock_.SleepUntil(later);
+  EXPECT_EQ(ahead, ecu.Answer(request));
+  EXPECT_EQ(ahead, twin.Answer(request));
+  EXPECT_NE(ahead, other.Answer(request));
+}
+
+TEST_F(SimulatedEcuTest, TheBootloaderHasAMapOfItsOwn) {
+  SimulatedEcu ecu(clock_, {.software_minor = 38, .in_bootloader = true});
+  const auto refused = [](const Unit& answer) { return answer.at(1) > 0x80 && answer.at(2) == 2; };
+  EXPECT_TRUE(refused(Ask(ecu, 3, 256, 1)));
+  EXPECT_TRUE(refused(Ask(ecu, 3, 131, 2)));
+  EXPECT_TRUE(refused(Ask(ecu, 4, 32, 1)));
+  EXPECT_TRUE(refused(Ask(ecu, 2, 4, 2)));
+  EXPECT_TRUE(refused(Ask(ecu, 5, 13, 0xFF00)));
+  EXPECT_TRUE(refused(ecu.Answer(Unit{11, 24, 0, 0}).value()));
+  EXPECT_EQ(Ask(ecu, 3, 0, 100)[1], 3);
+  EXPECT_EQ(Ask(ecu, 5, 2, 0xFF00)[1], 5);
+  const auto id = TakeDeviceIdentification(ecu.Answer(Unit{11, 43, 14, 2, 2}).value());
+  ASSERT_TRUE(id);
+  EXPECT_EQ(id->objects, (std::vector<std::string>{"P42V0T38M1B7", "Bootloader"}));
+  ecu.Restart();
+  EXPECT_EQ(Ask(ecu, 3, 256, 1)[1], 3) << "its application is whole and starts";
+}
+
 TEST_F(SimulatedEcuTest, TheGasTimeFollowsTheMap) {
   SimulatedEcu ecu(clock_);
   clock_.Sleep(std::chrono::seconds{60});

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "link/AsciiFrame.h"
+#include "config/BlockTransfer.h"
 #include "link/ModbusSerialPort.h"
 #include "sim/SimulatedLine.h"
 #include "sim/SimulatedPort.h"
@@ -67,14 +67,85 @@ TEST_F(SimulatedLineTest, UnpacedEverythingIsThereAtOnce) {
 }
 
 TEST_F(SimulatedLineTest, RtuIsRecognisedByItsFirstByteAndEndsInSilence) {
-  SimulatedLine line(ecu_, clock_, {.echo = false});
   const std::vector<std::uint8_t> request{0x0B, 0x03, 0x01, 0x00, 0x00, 0x20, 0x45, 0x44};
-  line.Transmit(request);
-  EXPECT_EQ(Drain(line, clock_).size(), 69U);
-  line.Transmit(std::span(request).first(5));
-  clock_.Sleep(milliseconds{5});
-  line.Transmit(request);
-  EXPECT_EQ(Drain(line, clock_).size(), 69U) << "the first half was given up";
+  for (const bool paced : {true, false}) {
+    SimulatedLine line(ecu_, clock_, {.echo = false, .paced = paced});
+    line.Transmit(request);
+    EXPECT_EQ(
+        line.LastArrivalWithin(Clock::Duration{0}).value() - clock_.Now(),
+        paced ? Clock::Duration(std::chrono::seconds{10}) / 19200 * (8 + 69) : Clock::Duration{0})
+        << "a reader that ends a frame by silence gets it in one piece";
+    EXPECT_EQ(Drain(line, clock_).size(), 69U);
+    line.Transmit(std::span(request).first(5));
+    clock_.Sleep(milliseconds{7});
+    line.Transmit(request);
+    EXPECT_EQ(Drain(line, clock_).size(), 69U) << "the first half was given up";
+    line.Transmit(Bytes(":0B03"));
+    clock_.Sleep(std::chrono::seconds{2});
+    line.Transmit(request);
+    EXPECT_EQ(Drain(line, clock_).size(), 69U) << "so was half an ASCII frame";
+    line.Transmit(std::vector<std::uint8_t>{0x0B, 0x06, 0x01, 0x00, 0x12, 0x34, 0x00, 0x00});
+    EXPECT_EQ(Drain(line, clock_), "") << "a wrong CRC";
+    EXPECT_NE(ecu_.Register(256), 0x1234);
+  }
+}
+
+TEST_F(SimulatedLineTest, AnAnswerWaitsForTheEcuAndForTheAnswerBeforeIt) {
+  SimulatedLine line(ecu_, clock_, {.echo = false, .answer_delay = milliseconds{30}});
+  line.ArmFault({FaultKind::kDelay, 100});
+  line.Transmit(Bytes(":0B0301000001F0\r\n"));
+  line.Transmit(Bytes(":0B0301040001EC\r\n"));
+  const std::string both = Drain(line, clock_);
+  EXPECT_EQ(both, ":0B03020014DC\r\n:0B0302000AE6\r\n");
+  EXPECT_NEAR(clock_.ElapsedMs(), 130 + (17 + 15 + 15) * kCharacterMs, 1e-3);
+}
+
+// What comes back for a read of register 256, which holds 20, and that the next request is
+// answered.
+TEST_F(SimulatedLineTest, TheCharactersOfASpoiltAnswer) {
+  struct Case {
+    const char* fault;
+    std::string answer;
+  };
+  const std::array cases{
+      Case{"drop", ""},
+      Case{"drop-request", ""},
+      Case{"delay=40", ":0B03020014DC\r\n"},
+      Case{"truncate=5", ":0B03"},
+      Case{"corrupt=24", ":0B13020014DC\r\n"},
+      Case{"bad-check", ":0B03020014D0\r\n"},
+      Case{"wrong-unit", ":0A03020014DD\r\n"},
+      Case{"wrong-function", ":0B430200149C\r\n"},
+      Case{"short", ":0B030200F0\r\n"},
+      Case{"duplicate", ":0B03020014DC\r\n:0B03020014DC\r\n"},
+      Case{"noise-before", "U*\x7F:0B03020014DC\r\n"},
+      Case{"noise-after", ":0B03020014DC\r\nU*\x7F"},
+      Case{"exception=4", ":0B83046E\r\n"},
+      Case{"power-loss=6", ":0B030"},
+  };
+  SimulatedLine line(ecu_, clock_, {.echo = false});
+  const std::string request = ":0B0301000001F0\r\n";
+  for (const Case& c : cases) {
+    const std::string when = ":" + std::to_string(line.RequestCount() + 1);
+    line.WithFaults([&](LineFaults& faults) { EXPECT_TRUE(faults.Add(c.fault + when)); });
+    line.Transmit(Bytes(request));
+    EXPECT_EQ(Drain(line, clock_), c.answer) << c.fault;
+    line.Transmit(Bytes(request));
+    EXPECT_EQ(Drain(line, clock_), ":0B03020014DC\r\n") << "after " << c.fault;
+  }
+  EXPECT_EQ(line.FaultCount(), cases.size());
+}
+
+TEST_F(SimulatedLineTest, PowerCanGoBeforeARequestOrAfterIt) {
+  SimulatedLine line(ecu_, clock_, {.echo = false});
+  for (const unsigned characters : {0U, 9U}) {
+    ecu_.SetCoil(43, false);
+    line.ArmFault({FaultKind::kPowerLoss, characters});
+    line.Transmit(Bytes(":0B0601000007E7\r\n"));
+    EXPECT_EQ(Drain(line, clock_).size(), characters);
+    EXPECT_EQ(ecu_.Register(256), characters == 0 ? 20 : 7);
+    EXPECT_TRUE(ecu_.Coil(43)) << "it has restarted";
+  }
 }
 
 // Every named fault, as the program's own transport sees it, and that the line is sound afterwards.
@@ -139,6 +210,40 @@ TEST_F(SimulatedLineTest, PulledOutAndPutBack) {
   ASSERT_TRUE(port.Open(1, 19200, 2));
   EXPECT_EQ(port.WriteSingleRegister(ECU_SLAVE_ADDRESS, 256, 3), ModbusResult::kOk);
   EXPECT_EQ(ecu_.Register(256), 3);
+}
+
+TEST_F(SimulatedLineTest, PulledOutInTheMiddleOfTheAnswer) {
+  SimulatedLine line(ecu_, clock_);
+  const std::unique_ptr<SerialDevice> device = SimulatedPort(line, clock_)("");
+  ASSERT_TRUE(device->Configure({}));
+  line.ArmFault({FaultKind::kUnplug, 6});
+  ASSERT_TRUE(device->Write(Bytes(":0B0301000001F0\r\n")));
+  EXPECT_EQ(device->WaitForEvent(std::chrono::seconds{1}), LineEvent::kEventCharacter) << "echo";
+  std::array<std::uint8_t, 64> bytes{};
+  EXPECT_TRUE(device->WaitForInput(17 + 6, std::chrono::seconds{1}));
+  EXPECT_EQ(device->Read(bytes), 17U + 6U);
+  EXPECT_EQ(device->WaitForEvent(std::chrono::seconds{1}), LineEvent::kFailed);
+  EXPECT_FALSE(device->Write(Bytes("x")));
+}
+
+// The line itself may cost nothing beyond its characters; waiting threads see their slice hook.
+TEST_F(SimulatedLineTest, AWholeBlockTakesItsWireTime) {
+  SimulatedLine line(ecu_, clock_);
+  ModbusSerialPort port(SimulatedPort(line, clock_), clock_);
+  port.SetFraming(FramingMode::kAscii);
+  Clock::TimePoint last_slice = clock_.Now();
+  Clock::Duration longest{0};
+  port.SetSliceHook([&] {
+    longest = std::max(longest, clock_.Now() - last_slice);
+    last_slice = clock_.Now();
+  });
+  ASSERT_TRUE(port.Open(1, 19200, 2));
+  ConfigurationBlock block{};
+  ASSERT_EQ(ReadBlock(port, StoreInto(block)), ModbusResult::kOk);
+  EXPECT_NEAR(clock_.ElapsedMs(), 2864 * kCharacterMs, 1);
+  ASSERT_EQ(WriteBlock(port, block), ModbusResult::kOk);
+  EXPECT_NEAR(clock_.ElapsedMs(), (2864 + 3016) * kCharacterMs, 2);
+  EXPECT_LE(longest, milliseconds{20});
 }
 
 TEST(LineFaults, TheSameSeedGivesTheSameFaults) {
