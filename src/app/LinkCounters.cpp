@@ -13,6 +13,7 @@ void LinkCounters::Reset() {
   const std::lock_guard guard(lock_);
   transactions_ = 0;
   failures_ = 0;
+  answering_ = true;
   start_ = clock_.Now();
   rounds_.clear();
 }
@@ -21,7 +22,8 @@ void LinkCounters::CountFrame(const FrameTrace& trace) {
   if (trace.direction != FrameTrace::Direction::kReceived) return;
   const std::lock_guard guard(lock_);
   ++transactions_;
-  if (trace.result != ModbusResult::kOk) ++failures_;
+  answering_ = trace.result == ModbusResult::kOk;
+  if (!answering_) ++failures_;
 }
 
 void LinkCounters::CountRound() {
@@ -38,7 +40,7 @@ LineQuality LinkCounters::Quality() const {
   const auto recent =
       std::ranges::count_if(rounds_, [&](Clock::TimePoint round) { return round > now - kWindow; });
   return {transactions_, failures_,
-          static_cast<double>(recent) / std::chrono::duration<double>(span).count()};
+          static_cast<double>(recent) / std::chrono::duration<double>(span).count(), answering_};
 }
 
 }  // namespace zelorgas

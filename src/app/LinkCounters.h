@@ -15,6 +15,7 @@ struct LineQuality {
   std::uint64_t transactions = 0;
   std::uint64_t failures = 0;
   double rounds_per_second = 0;
+  bool answering = true;  // the latest exchange went through
 };
 
 class LinkCounters {
@@ -40,6 +41,7 @@ class LinkCounters {
   mutable std::mutex lock_;
   std::uint64_t transactions_ = 0;  // guarded by lock_, as what follows
   std::uint64_t failures_ = 0;
+  bool answering_ = true;
   Clock::TimePoint start_{};             // of the counting
   std::deque<Clock::TimePoint> rounds_;  // within the window of the latest
 };

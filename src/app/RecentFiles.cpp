@@ -14,9 +14,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kSection = "Recent File List";
 constexpr bool kPathsIgnoreCase = fs::path::preferred_separator == '\\';
 
-fs::path FromUtf8(std::string_view text) {
-  return std::u8string(text.begin(), text.end());
-}
+fs::path FromUtf8(std::string_view text) { return std::u8string(text.begin(), text.end()); }
 
 // Absolute, without "." and "..".
 std::string WholePath(std::string_view file) {

@@ -79,6 +79,7 @@ std::vector<SerialPortInfo> ScanSerialPorts(const fs::path& root) {
     if (adapter) products.try_emplace(name);
   });
   std::vector<SerialPortInfo> ports;
+  ports.reserve(products.size());
   for (const auto& [name, product] : products) {
     ports.push_back({(devices / name).string(), product});
   }

@@ -170,7 +170,7 @@ PolledSerialDevice::Arrival PosixSerialDevice::Receive(std::vector<std::uint8_t>
     came = Poll(POLLIN, wait);
     if (came == 0) return Arrival::kNothing;
   }
-  std::array<std::uint8_t, kReadSize> bytes;
+  std::array<std::uint8_t, kReadSize> bytes{};
   const ssize_t count = ::read(file_.Get(), bytes.data(), bytes.size());
   // Nothing to read on a line that is in error means that none will ever come; waiting on would
   // return at once for ever.
