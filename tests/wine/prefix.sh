@@ -1,0 +1,52 @@
+# shellcheck shell=bash
+# A Windows of its own for the cross-built programs: a Wine prefix in the build folder, made once,
+# without a display. To be sourced after common.sh.
+
+export WINEPREFIX=$ROOT/build/wine
+export WINEDEBUG=-all
+# No offers to install .NET or a browser engine; no window anywhere.
+export WINEDLLOVERRIDES='mscoree,mshtml='
+export DISPLAY=
+
+# Seconds that one program may take under Wine, its start included.
+WINE_LIMIT=60
+
+in_wine() { timeout --kill-after=5 "$WINE_LIMIT" wine "$@"; }
+
+# start_wine: Wine's server and services, which outlive the programs and are ended with the script.
+# They must not inherit a pipe of ours, for who reads it would wait for their end, so a program that
+# does nothing starts them.
+start_wine() {
+  timeout 20 wineserver -p >>"$WINEPREFIX/wine.log" 2>&1 </dev/null
+  in_wine cmd /c exit >>"$WINEPREFIX/wine.log" 2>&1 </dev/null
+}
+
+stop_wine() {
+  timeout 20 wineserver -k >/dev/null 2>&1 || true
+  timeout 20 wineserver -w >/dev/null 2>&1 || true
+}
+
+# prepare_wine: makes the prefix when there is none, and starts it.
+prepare_wine() {
+  at_exit stop_wine
+  stop_wine
+  if [[ ! -e $WINEPREFIX/ready ]]; then
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    timeout --kill-after=5 180 wineboot --init >>"$WINEPREFIX/wine.log" 2>&1 </dev/null || {
+      cat "$WINEPREFIX/wine.log" >&2
+      return 1
+    }
+    stop_wine
+    touch "$WINEPREFIX/ready"
+  fi
+  start_wine
+}
+
+# map_port COMn PATH: Windows programs find PATH as COMn. Wine looks at these registry values when a
+# prefix starts, so it is started anew.
+map_port() {
+  in_wine reg add 'HKLM\Software\Wine\Ports' /v "$1" /d "$2" /f >/dev/null
+  stop_wine
+  start_wine
+}
