@@ -148,6 +148,9 @@ int Run(const EcuSimOptions& options) {
   }
   std::cout << line.RequestCount() << " requests, " << line.FaultCount() << " faults, "
             << ecu.WriteCount() << " writes" << std::endl;
+  if (!options.log.empty() && !log) {
+    return Fail(kFileTrouble, "not all of the log could be written to " + options.log);
+  }
   return kDone;
 }
 

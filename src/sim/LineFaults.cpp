@@ -48,6 +48,22 @@ bool TakePrefix(std::string_view& text, std::string_view prefix) {
   return true;
 }
 
+// What a kind's parameter can be: an exception code is a byte, a time is one that a person waits
+// for.
+unsigned LargestParameter(FaultKind kind) {
+  constexpr unsigned kLongestMs = 60'000;
+  switch (kind) {
+    case FaultKind::kException:
+      return 255;
+    case FaultKind::kDelay:
+    case FaultKind::kSilent:
+    case FaultKind::kEndlessNoise:
+      return kLongestMs;
+    default:
+      return 4096;  // characters or bits: more than a frame has
+  }
+}
+
 }  // namespace
 
 std::span<const FaultName> FaultNames() { return kNames; }
@@ -82,6 +98,7 @@ bool LineFaults::Add(std::string_view text) {
   }
   const auto known = std::ranges::find(kNames, name, &FaultName::name);
   if (known == kNames.end()) return false;
+  if (parameter.value_or(0) > LargestParameter(known->kind)) return false;
   Rule rule{.fault = {known->kind, parameter.value_or(known->default_parameter)}};
   bool understood = false;
   if (TakePrefix(when, "every")) {

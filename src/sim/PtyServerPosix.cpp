@@ -19,8 +19,10 @@
 namespace zelorgas {
 namespace {
 
-// How often an unplugged line is looked at again.
-constexpr timespec kUnpluggedLook{0, 20'000'000};
+// How often a line is looked at again that is unplugged, or too full to take more.
+constexpr timespec kNextLook{0, 20'000'000};
+// More than the longest frame takes.
+constexpr std::chrono::seconds kFullQueue{1};
 
 class PtyServerPosix final : public LineServer {
  public:
@@ -38,6 +40,10 @@ class PtyServerPosix final : public LineServer {
   void Serve() override {
     std::array<pollfd, 2> waits{{{master_.Get(), POLLIN, 0}, {stop_.Get(), POLLIN, 0}}};
     while (true) {
+      // A client that sends faster than the line is held up by the terminal, as by a driver's
+      // queue.
+      const bool full = line_.TransmitBacklog() > kFullQueue;
+      waits[0].events = full ? short{0} : short{POLLIN};
       timespec timeout{};
       const timespec* const until = NextWake(timeout);
       if (ppoll(waits.data(), waits.size(), until, nullptr) < 0) {
@@ -61,10 +67,14 @@ class PtyServerPosix final : public LineServer {
   // Null: nothing is due.
   const timespec* NextWake(timespec& timeout) const {
     if (!line_.Plugged()) {
-      timeout = kUnpluggedLook;
+      timeout = kNextLook;
       return &timeout;
     }
     const std::optional<Clock::TimePoint> due = line_.LastArrivalWithin(SimulatedLine::kBurst);
+    if (!due && line_.TransmitBacklog() > kFullQueue) {
+      timeout = kNextLook;
+      return &timeout;
+    }
     if (!due) return nullptr;
     const auto left = std::max<std::int64_t>((*due - clock_.Now()).count(), 0);
     timeout.tv_sec = static_cast<time_t>(left / 1'000'000'000);

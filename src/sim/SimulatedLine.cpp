@@ -98,6 +98,11 @@ Clock::TimePoint SimulatedLine::Transmit(std::span<const std::uint8_t> bytes) {
   return transmit_free_;
 }
 
+Clock::Duration SimulatedLine::TransmitBacklog() const {
+  const std::lock_guard guard(lock_);
+  return std::max(transmit_free_ - clock_.Now(), Clock::Duration{0});
+}
+
 void SimulatedLine::TakeByte(std::uint8_t byte, Clock::TimePoint when) {
   const bool ascii = !request_.empty() && request_.front() == ':';
   // A frame is given up by silence, 3.5 characters long in RTU (and one more, as both times are a

@@ -49,6 +49,8 @@ class SimulatedLine {
 
   // The PC sends `bytes` from now on. Gives the time at which the last one has gone out.
   Clock::TimePoint Transmit(std::span<const std::uint8_t> bytes);
+  // How long the PC's characters that are already handed over will still take to go out.
+  [[nodiscard]] Clock::Duration TransmitBacklog() const;
   // Appends to `received` what has arrived at the PC by now; gives how many bytes.
   std::size_t Collect(std::vector<std::uint8_t>& received);
   // When the next character arrives, and when the last of those that arrive within `window` of it

@@ -40,6 +40,8 @@ TEST(EcuSimOptions, WordsThatMeanNothing) {
       {"--fault", "drop:3x"},
       {"--fault", "delay=:3"},
       {"--fault", "explode:3"},
+      {"--fault", "exception=256:1"},
+      {"--fault", "endless-noise=4294967295:1"},
   };
   for (const auto& words : lines) {
     EcuSimOptions options;
