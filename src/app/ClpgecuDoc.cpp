@@ -21,6 +21,10 @@ ClpgecuDoc::ClpgecuDoc(SerialOpener opener, Clock& clock, StatusSink& status)
   link_.SetParity(Parity::kEven);
   link_.SetStopBits(StopBits::kOne);
   link_.SetPortNumber(kFirstPort);
+  // Said at once, not after three failed rounds with their pauses: a pulled plug is no bad line.
+  link_.SetPortLostSink([this] {
+    if (run_) Post(CommStatus::kConnecting);
+  });
 }
 
 ClpgecuDoc::~ClpgecuDoc() { StopWorker(); }

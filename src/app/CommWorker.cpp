@@ -14,6 +14,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds kPause{10};          // before each exchange of a poll, and while held
+constexpr milliseconds kReopenPause{250};   // between looks for an unplugged port
 constexpr milliseconds kUnknownPause{50};   // between rounds with an ECU that is not polled
 constexpr std::uint8_t kOldestPolled = 36;  // software minor versions of major 0
 constexpr std::uint8_t kNewestPolled = 39;
@@ -46,6 +47,7 @@ bool CommWorker::RunRound() {
     return true;
   }
   document_.paused_ = false;
+  if (document_.link_.PortLost() && !ReopenLostPort()) return true;
   if ((!connected_ || document_.refresh_.IsSet()) && !FullRead()) return true;
   if (!document_.pause_) Poll();
   return true;
@@ -54,11 +56,23 @@ bool CommWorker::RunRound() {
 void CommWorker::Finish() {
   document_.paused_ = true;
   document_.Post(CommStatus::kNotConnected);
-  // Tells the ECU that nobody listens any more. When the line is dead there is nobody to tell.
-  static_cast<void>(document_.link_.WriteSingleCoil(ECU_SLAVE_ADDRESS, kDisconnectCoil, 1));
-  static_cast<void>(document_.link_.WriteSingleCoil(ECU_SLAVE_ADDRESS, kDisconnectCoil, 0));
+  // Tells the ECU that nobody listens any more. When the line is dead there is nobody to tell, and
+  // without a port nothing to tell it through.
+  if (!document_.link_.PortLost()) {
+    static_cast<void>(document_.link_.WriteSingleCoil(ECU_SLAVE_ADDRESS, kDisconnectCoil, 1));
+    static_cast<void>(document_.link_.WriteSingleCoil(ECU_SLAVE_ADDRESS, kDisconnectCoil, 0));
+  }
   document_.ClearRestartMarker();
   document_.finished_ = true;
+}
+
+bool CommWorker::ReopenLostPort() {
+  // Whatever is plugged in again may be another ECU, or this one after a loss of power.
+  connected_ = false;
+  failures_ = 0;
+  if (document_.link_.Open(0, 0, 255)) return true;
+  document_.clock_.Sleep(kReopenPause);
+  return false;
 }
 
 bool CommWorker::FullRead() {

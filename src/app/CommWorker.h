@@ -23,6 +23,8 @@ class CommWorker {
 
  private:
   void Finish();
+  // Tries to open an unplugged port again. False while it is not back.
+  bool ReopenLostPort();
   // False when the round ends here: an ECU too new for this program is not polled.
   bool FullRead();
   void Poll();

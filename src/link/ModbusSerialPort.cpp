@@ -56,9 +56,14 @@ void ModbusSerialPort::SetTraceSink(TraceSink sink) {
   trace_ = std::move(sink);
 }
 
+void ModbusSerialPort::SetPortLostSink(std::function<void()> sink) {
+  const std::lock_guard guard(Lock());
+  port_lost_sink_ = std::move(sink);
+}
+
 bool ModbusSerialPort::Open(std::uint8_t port, std::uint32_t baud, std::uint8_t parity) {
   const std::lock_guard guard(Lock());
-  Close();
+  CloseDevice();
   std::unique_ptr<SerialDevice> device = OpenDevice(port);
   if (!device) return false;
   // A driver may keep its own queue sizes; ours only have to hold one frame.
@@ -77,6 +82,7 @@ bool ModbusSerialPort::Open(std::uint8_t port, std::uint32_t baud, std::uint8_t 
   device->SetSliceHook(slice_hook_);
   device_ = std::move(device);
   open_ = true;
+  lost_ = false;
   return true;
 }
 
@@ -110,9 +116,14 @@ PortTimeouts ModbusSerialPort::ModeTimeouts() const {
 
 bool ModbusSerialPort::Close() {
   const std::lock_guard guard(Lock());
+  CloseDevice();
+  lost_ = false;
+  return true;
+}
+
+void ModbusSerialPort::CloseDevice() {
   open_ = false;
   device_.reset();
-  return true;
 }
 
 ModbusResult ModbusSerialPort::Exchange(std::span<const std::uint8_t> request,
@@ -128,7 +139,10 @@ ModbusResult ModbusSerialPort::Exchange(std::span<const std::uint8_t> request,
                  : ExchangeRtu(request, response, expected_length, received_length);
     if (trace_) trace_({FrameTrace::Direction::kReceived, clock_.Now(), answer_, result});
   }
-  if (result != ModbusResult::kOk) PauseAfterFailure();
+  if (result != ModbusResult::kOk) {
+    NoticeLostPort();
+    PauseAfterFailure();
+  }
   return result;
 }
 
@@ -272,6 +286,12 @@ ModbusResult ModbusSerialPort::RawTransfer(std::span<const std::uint8_t> bytes,
 double ModbusSerialPort::LastTransactionSeconds() const {
   const std::lock_guard guard(Lock());
   return std::chrono::duration<double>(transaction_time_).count();
+}
+
+void ModbusSerialPort::NoticeLostPort() {
+  if (!device_ || lost_ || device_->InputQueueLength()) return;
+  lost_ = true;
+  if (port_lost_sink_) port_lost_sink_();
 }
 
 // Gives the line and the ECU time to settle, in slices that keep the calling thread's window alive.

@@ -108,8 +108,14 @@ class ModbusSerialPort : public ModbusMaster {
   void SetSliceHook(SerialDevice::SliceHook hook);
   // Sees every frame sent and received, under the lock.
   void SetTraceSink(TraceSink sink);
+  // Runs once when an exchange finds the open port unplugged, before its failure pause, under the
+  // lock.
+  void SetPortLostSink(std::function<void()> sink);
+  // True from then on, until the port is opened again with success, or closed.
+  [[nodiscard]] bool PortLost() const { return lost_; }
 
  private:
+  void CloseDevice();
   [[nodiscard]] std::unique_ptr<SerialDevice> OpenDevice(std::uint8_t port) const;
   [[nodiscard]] PortTimeouts ModeTimeouts() const;
   [[nodiscard]] bool WriteFrame();
@@ -124,6 +130,7 @@ class ModbusSerialPort : public ModbusMaster {
   ModbusResult RawTransfer(std::span<const std::uint8_t> bytes, std::size_t expected,
                            Milliseconds time_out, std::vector<std::uint8_t>& received);
   ModbusResult ReadFailure();
+  void NoticeLostPort();
   void PauseAfterFailure();
   void StartStopwatch() { transaction_start_ = clock_.Now(); }
   void StopStopwatch() { transaction_time_ = clock_.Now() - transaction_start_; }
@@ -132,6 +139,7 @@ class ModbusSerialPort : public ModbusMaster {
   Clock& clock_;
   SerialDevice::SliceHook slice_hook_;
   TraceSink trace_;
+  std::function<void()> port_lost_sink_;
 
   std::string port_name_;
   std::uint8_t port_number_ = 2;
@@ -144,6 +152,7 @@ class ModbusSerialPort : public ModbusMaster {
   // Guarded by the link lock.
   std::unique_ptr<SerialDevice> device_;
   std::atomic<bool> open_{false};
+  std::atomic<bool> lost_{false};
   std::vector<std::uint8_t> frame_;  // what is sent
   std::vector<std::uint8_t> echo_;   // what came back of it
   std::vector<std::uint8_t> answer_;

@@ -100,9 +100,11 @@ std::vector<std::string> SimulatedEcu::IdentificationObjects() const {
   const std::string bootloader = "P42V" + std::to_string(options_.software_major) + "T" +
                                  std::to_string(options_.software_minor) + "M1B7";
   return {
-      "Tarnwick Ltd.",
-      "Petrol<=>GAS ECU Conversion kit",
-      in_bootloader_ ? bootloader : software + "@" + hardware,
+      options_.vendor,
+      options_.product,
+      !options_.revision.empty() ? options_.revision
+      : in_bootloader_           ? bootloader
+                                 : software + "@" + hardware,
       in_bootloader_ ? "Bootloader" : "Sequential injection",
   };
 }
@@ -144,7 +146,7 @@ std::optional<bool> SimulatedEcu::Bit(ModbusFunction function, std::uint16_t num
 std::optional<std::uint16_t> SimulatedEcu::Word(ModbusFunction function, std::uint16_t number) {
   if (function == ModbusFunction::kReadInputRegisters) return InputRegister(number);
   if (!in_bootloader_ && number >= kBoardInformation &&
-      number < kBoardInformation + kBoardWords.size()) {
+      number < kBoardInformation + kBoardWords.size() && options_.has_board_information) {
     return kBoardWords[number - kBoardInformation];
   }
   const std::uint16_t* const word = WritableRegister(number);

@@ -30,6 +30,11 @@ struct SimulatedEcuOptions {
   std::uint32_t serial = 123456;
   bool in_bootloader = false;
   std::uint64_t seed = 1;
+  // Another make of ECU, for what refuses it.
+  std::string vendor = "Tarnwick Ltd.";
+  std::string product = "Petrol<=>GAS ECU Conversion kit";
+  std::string revision{};             // empty: made from the versions
+  bool has_board_information = true;  // registers 16384 to 16386
 };
 
 class SimulatedEcu final : private SlaveMap {

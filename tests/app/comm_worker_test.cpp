@@ -192,6 +192,50 @@ TEST_F(CommWorkerTest, ARestartIsReportedOnceAndOnlyAfterTheFirstGoodPoll) {
   EXPECT_EQ(older.status.Take(), "0,0") << "coil 43 is another thing there";
 }
 
+TEST_F(CommWorkerTest, APulledPlugIsSaidAtOnceAndHealsByItself) {
+  ConnectedDocument connected;
+  ASSERT_TRUE(connected.document.PrepareWorker());
+  CommWorker worker(connected.document);
+  ASSERT_TRUE(worker.RunRound());
+  for (int turn = 0; turn < 100; ++turn) {
+    connected.status.Take();
+    // Between two exchanges, or in the middle of any of them.
+    if (turn % 6 == 0) {
+      connected.line.SetPlugged(false);
+    } else {
+      connected.line.ArmFault({FaultKind::kUnplug}, static_cast<std::uint64_t>(turn % 6));
+    }
+    double said_ms = -1;
+    connected.document.SetSliceHook([&] {
+      const bool said = said_ms < 0 && !connected.line.Plugged() && connected.status.Take() != "";
+      if (said) said_ms = connected.clock.ElapsedMs();
+    });
+    const double pulled_ms = connected.clock.ElapsedMs();
+    for (int round = 0; round < 3; ++round) ASSERT_TRUE(worker.RunRound());
+    EXPECT_GE(said_ms, 0) << turn;
+    EXPECT_LE(said_ms - pulled_ms, 1000) << turn;
+    connected.document.SetSliceHook({});
+    connected.status.Take();
+    connected.line.SetPlugged(true);
+    ASSERT_TRUE(worker.RunRound());
+    EXPECT_EQ(connected.status.Take(), "1,0 1,1 0,1 0,0") << turn;
+  }
+}
+
+TEST_F(CommWorkerTest, WhileThePortIsGoneTheWorkerOnlyLooksForItNowAndThen) {
+  ConnectedDocument connected;
+  ASSERT_TRUE(connected.document.PrepareWorker());
+  CommWorker worker(connected.document);
+  ASSERT_TRUE(worker.RunRound());
+  connected.line.SetPlugged(false);
+  ASSERT_TRUE(worker.RunRound());
+  const double before_ms = connected.clock.ElapsedMs();
+  for (int round = 0; round < 20; ++round) ASSERT_TRUE(worker.RunRound());
+  EXPECT_GE(connected.clock.ElapsedMs() - before_ms, 20 * 250);
+  connected.document.TellWorkerToStop();
+  EXPECT_FALSE(worker.RunRound());
+}
+
 TEST_F(CommWorkerTest, WhileHeldOnlyTheFifoIsRead) {
   ConnectedDocument connected;
   ASSERT_TRUE(connected.document.PrepareWorker());

@@ -95,6 +95,29 @@ TEST(EcuConnection, ABusyPort) {
   EXPECT_EQ(c.settings.ReadString("Settings", "COMMPORT", "none"), "none");
 }
 
+TEST(EcuConnection, AnEcuThatIsNotOurs) {
+  struct Case {
+    SimulatedEcuOptions ecu;
+    std::string said;
+  };
+  const std::string wrong_vendor = "error: Unrecognized Vendor Name!";
+  const std::vector<Case> cases{
+      {{.vendor = "Another Ltd."}, wrong_vendor},
+      {{.vendor = "TARNWICK Ltd."}, wrong_vendor},
+      {{.product = "Petrol<=>GAS ECU Conversion Kit"}, "error: Unrecognized Product Code!"},
+      {{.revision = "SV 0.39@HV 1"}, "error: Could not get revision number!"},
+      {{.has_board_information = false},
+       "error: Error while loading installation information!\nPlease try again!"},
+  };
+  for (const Case& test : cases) {
+    Connecting c(test.ecu);
+    EXPECT_EQ(c.connection.Connect(), Outcome::kFailed) << test.said;
+    EXPECT_THAT(c.boxes.said, testing::ElementsAre(test.said));
+    EXPECT_FALSE(c.document.Link().IsOpen()) << test.said;
+    EXPECT_FALSE(c.document.HasWorker()) << test.said;
+  }
+}
+
 TEST(EcuConnection, TheVersionGate) {
   struct Case {
     Version version;
