@@ -83,7 +83,7 @@ void EncodeAsciiFrame(std::span<const std::uint8_t> unit, std::vector<std::uint8
 ModbusResult DecodeAsciiFrame(std::span<const std::uint8_t> frame, std::span<std::uint8_t> unit,
                               std::size_t& unit_length) {
   unit_length = 0;
-  if (frame.size() < kFramingCharacters || frame.front() != ':' ||
+  if (frame.size() < kFramingCharacters || frame.size() % 2 == 0 || frame.front() != ':' ||
       frame[frame.size() - 2] != '\r' || frame.back() != '\n') {
     return ModbusResult::kCrcError;
   }

@@ -7,8 +7,10 @@
 #include <condition_variable>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 namespace zelorgas {
 
@@ -22,8 +24,8 @@ class LinkLock {
   void lock();
   void unlock();
 
-  // Runs on the waiting thread, at least every 10 ms, without any lock held. Set before the lock is
-  // shared between threads.
+  // Runs on the waiting thread, at least every 10 ms, without any lock held; it may take this lock
+  // and give it back. Set before the lock is shared between threads.
   void SetSliceHook(std::function<void()> hook) { hook_ = std::move(hook); }
 
  private:
@@ -36,6 +38,10 @@ class LinkLock {
   unsigned depth_ = 0;
   std::uint64_t next_turn_ = 0;  // for the next one who comes
   std::uint64_t turn_ = 0;       // whose turn it is
+  // The turns of those who wait. One whose hook asks for the lock meanwhile gets it in that turn,
+  // and keeps the turn for what it was waiting for.
+  std::map<std::thread::id, std::uint64_t> waiting_;
+  bool taken_while_waiting_ = false;
 };
 
 }  // namespace zelorgas

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <mutex>
+#include <utility>
 
 #include "link/AsciiFrame.h"
 #include "link/RtuFrame.h"
@@ -63,6 +64,7 @@ void ModbusSerialPort::SetPortLostSink(std::function<void()> sink) {
 
 bool ModbusSerialPort::Open(std::uint8_t port, std::uint32_t baud, std::uint8_t parity) {
   const std::lock_guard guard(Lock());
+  if (exchanging_) return false;
   CloseDevice();
   std::unique_ptr<SerialDevice> device = OpenDevice(port);
   if (!device) return false;
@@ -81,6 +83,8 @@ bool ModbusSerialPort::Open(std::uint8_t port, std::uint32_t baud, std::uint8_t 
   if (!device->SetTimeouts(ModeTimeouts()) || !device->Configure(line_)) return false;
   device->SetSliceHook(slice_hook_);
   device_ = std::move(device);
+  open_framing_ = framing_;
+  character_time_ = CharacterTime(line_);
   open_ = true;
   lost_ = false;
   return true;
@@ -116,6 +120,10 @@ PortTimeouts ModbusSerialPort::ModeTimeouts() const {
 
 bool ModbusSerialPort::Close() {
   const std::lock_guard guard(Lock());
+  if (exchanging_) {
+    close_after_exchange_ = true;
+    return false;
+  }
   CloseDevice();
   lost_ = false;
   return true;
@@ -131,10 +139,12 @@ ModbusResult ModbusSerialPort::Exchange(std::span<const std::uint8_t> request,
                                         std::size_t expected_length, std::size_t& received_length) {
   const std::lock_guard guard(Lock());
   received_length = 0;
+  if (exchanging_) return ModbusResult::kLockTimeOut;
+  exchanging_ = true;
   answer_.clear();
   ModbusResult result = ModbusResult::kPortNotOpen;
   if (device_) {
-    result = framing_ == FramingMode::kAscii
+    result = open_framing_ == FramingMode::kAscii
                  ? ExchangeAscii(request, response, received_length)
                  : ExchangeRtu(request, response, expected_length, received_length);
     if (trace_) trace_({FrameTrace::Direction::kReceived, clock_.Now(), answer_, result});
@@ -143,13 +153,19 @@ ModbusResult ModbusSerialPort::Exchange(std::span<const std::uint8_t> request,
     NoticeLostPort();
     PauseAfterFailure();
   }
+  EndExchange();
   return result;
+}
+
+void ModbusSerialPort::EndExchange() {
+  exchanging_ = false;
+  if (std::exchange(close_after_exchange_, false)) Close();
 }
 
 // Sends frame_. What was sent before the write's end is not taken back: the purge that starts the
 // next exchange clears the line.
 bool ModbusSerialPort::WriteFrame() {
-  sent_by_ = clock_.Now() + CharacterTime(line_) * frame_.size();
+  sent_by_ = clock_.Now() + character_time_ * frame_.size();
   if (trace_) trace_({FrameTrace::Direction::kSent, clock_.Now(), frame_});
   if (!device_->Write(frame_)) {
     device_->ClearError();
@@ -170,6 +186,12 @@ ModbusResult ModbusSerialPort::ExchangeAscii(std::span<const std::uint8_t> reque
   if (result == ModbusResult::kOk) result = ReadAsciiAnswer();
   StopStopwatch();
   if (result != ModbusResult::kOk) return result;
+  // A second echo has a good check too. Only a single write is answered by its own request.
+  const bool single_write =
+      request.size() > 1 &&
+      (request[1] == static_cast<std::uint8_t>(ModbusFunction::kWriteSingleCoil) ||
+       request[1] == static_cast<std::uint8_t>(ModbusFunction::kWriteSingleRegister));
+  if (answer_ == frame_ && !single_write) return ModbusResult::kInvalidResponse;
   return DecodeAsciiFrame(answer_, response, received_length);
 }
 
@@ -185,7 +207,9 @@ ModbusResult ModbusSerialPort::ReadEcho() {
     if (*queued >= frame_.size()) break;
     if (look == kEchoLooks) return ModbusResult::kTimeOut;
     if (slice_hook_) slice_hook_();
-    device_->WaitForInput(frame_.size(), SerialDevice::kWaitSlice);
+    if (!device_->WaitForInput(frame_.size(), SerialDevice::kWaitSlice) && DeviceGone()) {
+      return ReadFailure();
+    }
   }
   echo_.resize(frame_.size());
   if (device_->Read(echo_) != echo_.size()) return ReadFailure();
@@ -196,6 +220,8 @@ ModbusResult ModbusSerialPort::ReadEcho() {
 ModbusResult ModbusSerialPort::ReadAsciiAnswer() {
   if (!AppendQueued()) return ReadFailure();
   if (answer_.empty() || answer_.back() != '\n') {
+    // An error that came with the echo has not hurt it, nor says anything about the answer.
+    device_->ClearError();
     const LineEvent event = device_->WaitForEvent(end_timeout_);
     if (event == LineEvent::kLineError || event == LineEvent::kFailed) return ReadFailure();
     // After a time-out what is there is taken as it stands; its check decides.
@@ -239,10 +265,10 @@ ModbusResult ModbusSerialPort::ExchangeRtu(std::span<const std::uint8_t> request
 std::optional<std::size_t> ModbusSerialPort::ReadRtuAnswer() {
   const std::span<std::uint8_t> buffer(answer_);
   const std::optional<std::size_t> head = device_->Read(buffer.first(kRtuHead));
-  if (head != kRtuHead) return head;
+  if (head != kRtuHead) return DeviceGone() ? std::nullopt : head;
   // The rest ends when the line is quiet for the inter-character time-out.
   const std::optional<std::size_t> rest = device_->Read(buffer.subspan(kRtuHead));
-  if (!rest) return std::nullopt;
+  if (!rest || DeviceGone()) return std::nullopt;
   return kRtuHead + *rest;
 }
 
@@ -251,12 +277,16 @@ ModbusResult ModbusSerialPort::RawExchange(std::span<const std::uint8_t> bytes,
                                            std::vector<std::uint8_t>& received) {
   const std::lock_guard guard(Lock());
   received.clear();
+  if (exchanging_) return ModbusResult::kLockTimeOut;
   if (!device_) return ModbusResult::kPortNotOpen;
   const std::optional<PortTimeouts> kept = device_->Timeouts();
   if (!kept) return ModbusResult::kPortNotOpen;
+  exchanging_ = true;
   device_->Purge(PurgeScope::kBoth);
-  const ModbusResult result = RawTransfer(bytes, expected, time_out, received);
-  return device_->SetTimeouts(*kept) ? result : ModbusResult::kPortNotOpen;
+  ModbusResult result = RawTransfer(bytes, expected, time_out, received);
+  if (!device_->SetTimeouts(*kept)) result = ModbusResult::kPortNotOpen;
+  EndExchange();
+  return result;
 }
 
 // The body of RawExchange between keeping and restoring the port's time-outs.
@@ -289,7 +319,7 @@ double ModbusSerialPort::LastTransactionSeconds() const {
 }
 
 void ModbusSerialPort::NoticeLostPort() {
-  if (!device_ || lost_ || device_->InputQueueLength()) return;
+  if (!device_ || lost_ || !DeviceGone()) return;
   lost_ = true;
   if (port_lost_sink_) port_lost_sink_();
 }

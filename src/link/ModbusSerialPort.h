@@ -48,7 +48,8 @@ class ModbusSerialPort : public ModbusMaster {
   // stored baud rate, `parity` 255 the stored parity; what was given is stored. False when there is
   // no port to open, it is in use, or it does not take the settings: the port is then closed.
   [[nodiscard]] bool Open(std::uint8_t port, std::uint32_t baud, std::uint8_t parity);
-  // True when the port is closed, also when it was not open.
+  // True when the port is closed, also when it was not open. From a slice hook, inside an exchange,
+  // the port is closed when that exchange ends: false.
   bool Close();
   [[nodiscard]] bool IsOpen() const { return open_; }
 
@@ -59,7 +60,8 @@ class ModbusSerialPort : public ModbusMaster {
   //                    the port was unplugged
   //   kCrcError        the answer's check does not match
   //   0x8000 + code    the ECU's exception
-  // After every result but kOk the failure pause passes before the lock is released.
+  //   kLockTimeOut     called from a slice hook, inside another exchange: nothing was sent
+  // After every other result but kOk the failure pause passes before the lock is released.
   ModbusResult Exchange(std::span<const std::uint8_t> request, std::span<std::uint8_t> response,
                         std::size_t expected_length, std::size_t& received_length) override;
 
@@ -130,6 +132,8 @@ class ModbusSerialPort : public ModbusMaster {
   ModbusResult RawTransfer(std::span<const std::uint8_t> bytes, std::size_t expected,
                            Milliseconds time_out, std::vector<std::uint8_t>& received);
   ModbusResult ReadFailure();
+  [[nodiscard]] bool DeviceGone() { return !device_->OutputQueueLength(); }
+  void EndExchange();
   void NoticeLostPort();
   void PauseAfterFailure();
   void StartStopwatch() { transaction_start_ = clock_.Now(); }
@@ -151,6 +155,10 @@ class ModbusSerialPort : public ModbusMaster {
 
   // Guarded by the link lock.
   std::unique_ptr<SerialDevice> device_;
+  FramingMode open_framing_ = FramingMode::kRtu;  // of the open port, as is character_time_
+  Clock::Duration character_time_{0};
+  bool exchanging_ = false;
+  bool close_after_exchange_ = false;
   std::atomic<bool> open_{false};
   std::atomic<bool> lost_{false};
   std::vector<std::uint8_t> frame_;  // what is sent

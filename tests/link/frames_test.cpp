@@ -69,6 +69,7 @@ TEST(AsciiFrame, FindingsOfTheCheck) {
       {"four characters", ":00\n", ModbusResult::kCrcError},
       {"empty unit with a good check", ":00\r\n", ModbusResult::kOk},
       {"lower-case digits", ":0b0302ffffF2\r\n", ModbusResult::kCrcError},
+      {"a stray character before the check", ":0B0302FFFF0F2\r\n", ModbusResult::kCrcError},
       {"wrong check", ":0B0302FFFFF3\r\n", ModbusResult::kCrcError},
       {"LF missing", ":0B0302FFFFF2\r", ModbusResult::kCrcError},
       {"junk before the colon", "x:0B0302FFFFF2\r\n", ModbusResult::kCrcError},

@@ -2,6 +2,7 @@
 // texts.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 

@@ -161,6 +161,10 @@ TEST_F(SerialPortTest, WhatEndsAnExchangeWithoutAnAnswer) {
            ModbusResult::kReadError,
            1005},
       Case{"unplugged", {{milliseconds{6}, {}, Kind::kUnplug}}, ModbusResult::kReadError, 1006},
+      Case{"a second echo",
+           {{milliseconds{9}, Bytes(":0B0301000001F0\r\n")}},
+           ModbusResult::kInvalidResponse,
+           1009},
       Case{"exception", {{milliseconds{9}, Bytes(":0B830270\r\n")}}, ExceptionResult(2), 1009},
       Case{"answer after the time-out",
            {{milliseconds{1001}, Bytes(kAnswerFrame)}},
@@ -203,12 +207,24 @@ TEST_F(SerialPortTest, WhatEndsAnExchangeInItsEcho) {
            {{milliseconds{199}, Bytes(echo)}},
            ModbusResult::kTimeOut,
            1190 + kRequestMs},
+      Case{"unplugged after part of it",
+           {{milliseconds{2}, Bytes(echo.substr(0, 5))}, {milliseconds{3}, {}, Kind::kUnplug}},
+           ModbusResult::kReadError,
+           1003},
+      Case{"a line error beside a good echo",
+           {{milliseconds{1}, {}, Kind::kLineError},
+            {milliseconds{2}, Bytes(echo)},
+            {milliseconds{20}, Bytes(kAnswerFrame)}},
+           ModbusResult::kOk,
+           20},
       Case{"at the last look",
            {{milliseconds{198}, Bytes(echo)}, {milliseconds{200}, Bytes(kAnswerFrame)}},
            ModbusResult::kOk,
            200},
   };
   for (const Case& c : cases) {
+    line_.present = true;
+    ASSERT_TRUE(port_.Open(1, 19200, 255));
     line_.on_request = [&c](std::span<const std::uint8_t>) { return c.script; };
     EXPECT_EQ(Exchange(), c.result) << c.what;
     EXPECT_NEAR(TookMs(), c.took_ms, 1e-3) << c.what;
@@ -311,6 +327,14 @@ TEST_F(SerialPortTest, RtuReadsUntilTheLineIsQuiet) {
       Case{"three bytes", {{milliseconds{30}, {0x0B, 0x03, 0x02}}}, ModbusResult::kCrcError, 1035},
       Case{"nothing", {}, ModbusResult::kTimeOut, 2004},
       Case{"unplugged", {{milliseconds{7}, {}, Kind::kUnplug}}, ModbusResult::kReadError, 1007},
+      Case{"unplugged after two bytes",
+           {{milliseconds{5}, {0x0B, 0x03}}, {milliseconds{7}, {}, Kind::kUnplug}},
+           ModbusResult::kReadError,
+           1007},
+      Case{"unplugged after five",
+           {{milliseconds{5}, head}, {milliseconds{7}, {}, Kind::kUnplug}},
+           ModbusResult::kReadError,
+           1007},
   };
   for (const Case& c : cases) {
     line_.present = true;
@@ -334,7 +358,37 @@ TEST_F(SerialPortTest, RawExchangeKeepsToItsTimeoutAndRestoresThePorts) {
   EXPECT_EQ(received, Bytes("ab"));
   EXPECT_EQ(line_.timeouts, before);
   line_.refuse_timeouts = true;
-  EXPECT_NE(port_.RawExchange(Bytes("?"), 4, milliseconds{40}, received), ModbusResult::kOk);
+  EXPECT_EQ(port_.RawExchange(Bytes("?"), 4, milliseconds{40}, received),
+            ModbusResult::kPortNotOpen);
+}
+
+TEST_F(SerialPortTest, TheHookMayNotReachIntoItsOwnExchange) {
+  ASSERT_TRUE(port_.Open(1, 19200, 255));
+  AfterEcho({{milliseconds{100}, Bytes(kAnswerFrame)}});
+  std::vector<ModbusResult> nested;
+  bool opened = true;
+  port_.SetSliceHook([&] {
+    std::size_t length = 0;
+    std::array<std::uint8_t, 8> response{};
+    nested.push_back(port_.Exchange(kRequest, response, 5, length));
+    opened = port_.Open(2, 0, 255);
+  });
+  EXPECT_EQ(Exchange(), ModbusResult::kOk);
+  ASSERT_FALSE(nested.empty());
+  EXPECT_EQ(nested[0], ModbusResult::kLockTimeOut);
+  EXPECT_FALSE(opened);
+  EXPECT_EQ(line_.written.size(), 1U) << "nothing was sent in between";
+
+  port_.SetSliceHook([&] { EXPECT_FALSE(port_.Close()); });
+  EXPECT_EQ(Exchange(), ModbusResult::kOk) << "the exchange under way ends as it would have";
+  EXPECT_FALSE(port_.IsOpen()) << "and then the port is closed";
+}
+
+TEST_F(SerialPortTest, ChangedSettingsWaitForTheNextOpen) {
+  ASSERT_TRUE(port_.Open(1, 19200, 255));
+  port_.SetFraming(FramingMode::kRtu);
+  AfterEcho({{milliseconds{5}, Bytes(kAnswerFrame)}});
+  EXPECT_EQ(Exchange(), ModbusResult::kOk);
 }
 
 TEST_F(SerialPortTest, TheTraceSeesEveryFrameWithItsResult) {
