@@ -1,0 +1,113 @@
+#include "ui/CEcuControl.h"
+
+#include <QCoreApplication>
+#include <utility>
+
+#include "app/PortSelection.h"
+#include "app/RestartWriteBack.h"
+#include "ui/SliceHook.h"
+#include "ui/Text.h"
+
+namespace zelorgas {
+
+CEcuControl::CEcuControl(ClpgecuDoc& document, MessageBoxes& boxes, SettingsStore& settings,
+                         FirmwareUpdate& update, LinkCounters& counters)
+    : document_(document),
+      boxes_(boxes),
+      counters_(counters),
+      connection_(document, boxes, settings, update) {
+  document_.SetSliceHook(MakeUiSliceHook());
+  document_.Link().SetTraceSink(
+      [&counters](const FrameTrace& trace) { counters.CountFrame(trace); });
+}
+
+CEcuControl::~CEcuControl() {
+  connection_.Disconnect();
+  document_.SetSliceHook({});
+  document_.Link().SetTraceSink({});
+}
+
+void CEcuControl::Connect(const std::string& name, const QString& text) {
+  Run([this, name, text] { ConnectNow(name, text); });
+}
+
+void CEcuControl::Disconnect() {
+  Run([this] { DisconnectNow(); });
+}
+
+void CEcuControl::SynchronizeAfterRestart() {
+  Run([this] { SynchronizeNow(); });
+}
+
+void CEcuControl::Run(Task task) {
+  tasks_.push_back(std::move(task));
+  if (!busy_) RunQueued();
+}
+
+void CEcuControl::WhenIdle(Task task) {
+  if (!busy_) {
+    task();
+  } else {
+    idle_tasks_.push_back(std::move(task));
+  }
+}
+
+void CEcuControl::RunQueued() {
+  SetBusy(true);
+  while (!tasks_.empty()) {
+    const Task task = std::move(tasks_.front());
+    tasks_.pop_front();
+    task();
+    // What the person clicked during the procedure meets the buttons while they are disabled, so a
+    // second impatient click on Connect does not disconnect.
+    QCoreApplication::processEvents();
+  }
+  SetBusy(false);
+  for (const Task& task : std::exchange(idle_tasks_, {})) task();
+}
+
+void CEcuControl::SetState(State state) {
+  state_ = state;
+  emit StateChanged();
+}
+
+void CEcuControl::SetBusy(bool busy) {
+  busy_ = busy;
+  emit BusyChanged(busy);
+}
+
+void CEcuControl::ConnectNow(const std::string& name, const QString& text) {
+  if (state_ != State::kDisconnected) return;
+  port_text_ = text;
+  counters_.Reset();
+  SetState(State::kConnecting);
+  SelectPort(document_.Link(), name);
+  const EcuConnection::Outcome outcome = connection_.Connect();
+  // An update that has been refused leaves the port open.
+  if (outcome == EcuConnection::Outcome::kFirmwareUpdate) connection_.Disconnect();
+  SetState(outcome == EcuConnection::Outcome::kConnected ? State::kConnected
+                                                         : State::kDisconnected);
+}
+
+void CEcuControl::DisconnectNow() {
+  if (state_ != State::kConnected) return;
+  SetState(State::kDisconnecting);
+  connection_.Disconnect();
+  // What the worker said last belongs to this connection, not to the next.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  SetState(State::kDisconnected);
+}
+
+void CEcuControl::SynchronizeNow() {
+  // The message may have waited behind a disconnection.
+  if (state_ != State::kConnected) return;
+  boxes_.Status(kRestartNotice);
+  const ModbusResult result = WriteBackAfterRestart(document_);
+  if (result == ModbusResult::kOk) {
+    boxes_.Status("The data have been synchronized.");
+  } else {
+    boxes_.Status("The data could not be synchronized: " + document_.Link().ErrorText(result));
+  }
+}
+
+}  // namespace zelorgas

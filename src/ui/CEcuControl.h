@@ -1,0 +1,83 @@
+// The window's only way to the ECU: connecting, disconnecting and every procedure that talks to it
+// run here, one after the other, on the user-interface thread.
+//
+// A procedure waits in slices and dispatches events in between. A handler that runs then and wants
+// the ECU for itself only queues its wish here; it comes true when the procedure has ended.
+#pragma once
+
+#include <QObject>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+
+#include "app/ClpgecuDoc.h"
+#include "app/EcuConnection.h"
+#include "app/LinkCounters.h"
+#include "app/MessageBoxes.h"
+#include "platform/SettingsStore.h"
+
+namespace zelorgas {
+
+class CEcuControl final : public QObject {
+  Q_OBJECT
+
+ public:
+  enum class State : std::uint8_t { kDisconnected, kConnecting, kConnected, kDisconnecting };
+  Q_ENUM(State)
+  using Task = std::function<void()>;
+
+  // All outlive the control.
+  CEcuControl(ClpgecuDoc& document, MessageBoxes& boxes, SettingsStore& settings,
+              FirmwareUpdate& update, LinkCounters& counters);
+  // Disconnects.
+  ~CEcuControl() override;
+
+  [[nodiscard]] State CurrentState() const { return state_; }
+  // True while a procedure runs; buttons that would start another are disabled then.
+  [[nodiscard]] bool Busy() const { return busy_; }
+  // Empty texts unless connected.
+  [[nodiscard]] const EcuIdentity& Identity() const { return connection_.Identity(); }
+  // As the person knows it; empty when none was ever opened.
+  [[nodiscard]] const QString& PortText() const { return port_text_; }
+
+  // Opens the port `name`, which the person knows as `text`, and identifies the ECU; nothing
+  // happens when connected. Returns after all that is queued has run.
+  void Connect(const std::string& name, const QString& text);
+  void Disconnect();
+  // The worker reads everything once more.
+  void Refresh() { document_.RequestRefresh(); }
+  // The ECU has restarted: tells the person and writes the configuration back.
+  void SynchronizeAfterRestart();
+
+  // Runs `task`, which may use the ECU, as soon as no procedure runs: now, or later on this thread.
+  void Run(Task task);
+  // The same for what must not hold up a procedure, such as a message box, and leaves the ECU
+  // alone.
+  void WhenIdle(Task task);
+
+ signals:
+  void StateChanged();
+  void BusyChanged(bool busy);
+
+ private:
+  void SetState(State state);
+  void SetBusy(bool busy);
+  void RunQueued();
+  void ConnectNow(const std::string& name, const QString& text);
+  void DisconnectNow();
+  void SynchronizeNow();
+
+  ClpgecuDoc& document_;
+  MessageBoxes& boxes_;
+  LinkCounters& counters_;
+  EcuConnection connection_;
+
+  State state_ = State::kDisconnected;
+  bool busy_ = false;
+  QString port_text_;
+  std::deque<Task> tasks_;
+  std::deque<Task> idle_tasks_;
+};
+
+}  // namespace zelorgas

@@ -1,0 +1,63 @@
+// The main window: builds the menus, the view and the status line and joins them. What they do is
+// their own business.
+#pragma once
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <string>
+
+#include "ui/CStatusLine.h"
+#include "ui/ClpgecuView.h"
+#include "ui/UiContext.h"
+
+namespace zelorgas {
+
+class CMainFrame final : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit CMainFrame(UiContext& context);
+
+  [[nodiscard]] ClpgecuView& View() { return *view_; }
+
+  // Makes `file` the document and puts it among the recent files. False, with the reason shown,
+  // when it cannot be read.
+  bool OpenDocument(const std::string& file);
+  // Selects the simulated ECU and connects to it.
+  void StartDemo();
+  void ShowMessage(const QString& text) { status_line_->ShowMessage(text); }
+  // The window closes because the program is to be started anew.
+  [[nodiscard]] bool RestartWanted() const { return restart_wanted_; }
+
+ protected:
+  // Disconnects first; the window stays, alive, until that is done.
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void MakeFileMenu();
+  void MakeEcuMenu();
+  void MakeViewMenu();
+  void MakeToolsMenu();
+  void MakeHelpMenu();
+  QAction* AddAction(QMenu* menu, const QString& object_name, const QString& text,
+                     const QKeySequence& shortcut, const QString& tip);
+  void ListRecentFiles(QMenu* menu);
+  void OpenRecentFile(const std::string& file);
+  void FollowControl();
+  void ShowAbout();
+  void RestoreLayout();
+  void SaveLayout();
+
+  UiContext& context_;
+  ClpgecuView* view_;
+  CStatusLine* status_line_;
+  QAction* connect_action_ = nullptr;
+  QAction* disconnect_action_ = nullptr;
+  QAction* refresh_action_ = nullptr;
+  QAction* cylinders_action_ = nullptr;
+  bool close_wanted_ = false;
+  bool restart_wanted_ = false;
+};
+
+}  // namespace zelorgas

@@ -1,0 +1,95 @@
+#include "ui/CValueTile.h"
+
+#include <QPainter>
+
+#include "ui/Colours.h"
+#include "ui/Text.h"
+
+namespace zelorgas {
+namespace {
+
+constexpr double kCaptionSize = 0.85;
+constexpr double kValueSize = 2.0;
+constexpr double kSmallestValueSize = 1.0;
+constexpr double kUnitSize = 1.0;
+constexpr double kHinting = 0.96;  // letters do not shrink quite in proportion
+constexpr double kCornerRadius = 5;
+
+QFont Scaled(QFont font, double factor) {
+  font.setPointSizeF(font.pointSizeF() * factor);
+  return font;
+}
+
+}  // namespace
+
+CValueTile::CValueTile(const QString& object_name, const QString& caption, const QString& unit,
+                       QWidget* parent)
+    : QWidget(parent), caption_(caption), unit_(unit), value_(kNoValue) {
+  setObjectName(object_name);
+  setAccessibleName(caption);
+  setAccessibleDescription(value_);
+}
+
+void CValueTile::Show(const QString& value, bool with_unit, Freshness freshness) {
+  if (value == value_ && with_unit == with_unit_ && freshness == freshness_) return;
+  value_ = value;
+  with_unit_ = with_unit && !unit_.isEmpty();
+  freshness_ = freshness;
+  setAccessibleDescription(with_unit_ ? value_ + ' ' + unit_ : value_);
+  update();
+}
+
+QFont CValueTile::CaptionFont() const { return Scaled(font(), kCaptionSize); }
+
+QFont CValueTile::ValueFont() const {
+  QFont large = Scaled(font(), kValueSize);
+  large.setWeight(QFont::DemiBold);
+  return large;
+}
+
+int CValueTile::Margin() const { return fontMetrics().height() * 2 / 5; }
+
+QSize CValueTile::sizeHint() const {
+  const QFontMetrics caption(CaptionFont());
+  const QFontMetrics value(ValueFont());
+  const QString room = QStringLiteral("00.00");
+  const int width = qMax(caption.horizontalAdvance(caption_), value.horizontalAdvance(room));
+  return {width + 2 * Margin(), caption.height() + value.height() + Margin()};
+}
+
+void CValueTile::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(BorderColour(palette()));
+  painter.setBrush(CardColour(palette()));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius,
+                          kCornerRadius);
+
+  const QRect inside = rect().adjusted(Margin(), Margin() / 2, -Margin(), -Margin() / 2);
+  const QColor quiet = CaptionColour(palette());
+  painter.setPen(quiet);
+  painter.setFont(CaptionFont());
+  painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, caption_);
+
+  const QFont unit_font = Scaled(font(), kUnitSize);
+  const QString unit = with_unit_ ? ' ' + unit_ : QString();
+  const int room = inside.width() - QFontMetrics(unit_font).horizontalAdvance(unit);
+  // A word ("Economical"), or a number with a long unit, may need smaller letters.
+  QFont value_font = ValueFont();
+  const int wanted = QFontMetrics(value_font).horizontalAdvance(value_);
+  if (wanted > room) {
+    value_font =
+        Scaled(value_font, qMax(kHinting * room / wanted, kSmallestValueSize / kValueSize));
+  }
+  const int baseline = inside.bottom() - QFontMetrics(ValueFont()).descent();
+  const bool live = freshness_ == Freshness::kLive && isEnabled();
+  painter.setFont(value_font);
+  painter.setPen(live ? palette().color(QPalette::Active, QPalette::Text) : quiet);
+  painter.drawText(inside.left(), baseline, value_);
+  painter.setFont(unit_font);
+  painter.setPen(quiet);
+  painter.drawText(inside.left() + QFontMetrics(value_font).horizontalAdvance(value_), baseline,
+                   unit);
+}
+
+}  // namespace zelorgas

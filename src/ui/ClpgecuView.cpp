@@ -1,0 +1,120 @@
+#include "ui/ClpgecuView.h"
+
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "ui/CTabStart.h"
+
+namespace zelorgas {
+namespace {
+
+constexpr int kAnswerWatchMs = 400;
+
+}  // namespace
+
+ClpgecuView::ClpgecuView(UiContext& context, QWidget* parent) : QWidget(parent), context_(context) {
+  setObjectName("main_view");
+  setAccessibleName(tr("ECU"));
+  live_strip_ = new CLiveStrip("live_strip", tr("Live values"), context_.document, MainLiveFields(),
+                               {14, 7, 5, 4, 3}, this);
+  cylinder_strip_ = new CLiveStrip("cylinder_strip", tr("Injection times by cylinder"),
+                                   context_.document, CylinderLiveFields(), {12, 6, 4, 3}, this);
+  cylinder_strip_->setVisible(false);
+
+  tabs_ = new QTabWidget(this);
+  tabs_->setObjectName("tabs");
+  tabs_->setAccessibleName(tr("Pages"));
+  tabs_->setDocumentMode(true);
+  start_page_ = new CTabStart(context_, this);
+  auto* const scroll = new QScrollArea(tabs_);
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidget(start_page_);
+  tabs_->addTab(scroll, tr("Start"));
+
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(8, 8, 8, 0);
+  layout->addWidget(live_strip_);
+  layout->addWidget(cylinder_strip_);
+  layout->addWidget(tabs_, 1);
+
+  answer_timer_.setInterval(kAnswerWatchMs);
+  connect(&answer_timer_, &QTimer::timeout, this, &ClpgecuView::WatchAnswers);
+  connect(&context_.control, &CEcuControl::StateChanged, this, &ClpgecuView::FollowControl);
+  context_.status.Box().SetReceiver(this);
+}
+
+ClpgecuView::~ClpgecuView() { context_.status.Box().SetReceiver(nullptr); }
+
+void ClpgecuView::AddEcuPage(QWidget* page, const QString& title) {
+  auto* const frame = new CPageFrame(page, tabs_);
+  frame->Disable(WhyPagesAreDisabled(link_state_));
+  ecu_pages_.push_back(frame);
+  tabs_->addTab(frame, title);
+}
+
+void ClpgecuView::ShowCylinders(bool show) {
+  cylinder_strip_->setVisible(show);
+  context_.document.SetExtraChannels(show);
+}
+
+void ClpgecuView::customEvent(QEvent*) {
+  for (const CommStatus status : context_.status.Box().TakeAll()) OnCommStatus(status);
+}
+
+void ClpgecuView::OnCommStatus(CommStatus status) {
+  switch (status) {
+    case CommStatus::kLiveData:
+      context_.counters.CountRound();
+      [[fallthrough]];
+    case CommStatus::kFullRead:
+      live_strip_->MarkDirty();
+      cylinder_strip_->MarkDirty();
+      return;
+    case CommStatus::kEcuRestarted:
+      context_.control.SynchronizeAfterRestart();
+      return;
+    default:
+      ShowLinkState(status);
+  }
+}
+
+void ClpgecuView::ShowLinkState(CommStatus status) {
+  link_state_ = status;
+  const QString reason = WhyPagesAreDisabled(status);
+  for (CPageFrame* const page : ecu_pages_) page->Disable(reason);
+  for (CLiveStrip* const strip : {live_strip_, cylinder_strip_}) {
+    if (status == CommStatus::kConnecting) strip->MarkStale();
+    if (status == CommStatus::kNotConnected || status == CommStatus::kPortBusy) strip->Clear();
+  }
+  emit LinkStateChanged();
+}
+
+void ClpgecuView::FollowControl() {
+  const CEcuControl::State state = context_.control.CurrentState();
+  if (state == CEcuControl::State::kConnecting) ShowLinkState(CommStatus::kConnecting);
+  if (state == CEcuControl::State::kConnected) {
+    answering_ = true;
+    answer_timer_.start();
+  } else {
+    answer_timer_.stop();
+  }
+  // A connection that never came to a worker has nobody to report its end.
+  if (state == CEcuControl::State::kDisconnected && link_state_ != CommStatus::kPortBusy) {
+    ShowLinkState(CommStatus::kNotConnected);
+  }
+}
+
+// The worker gives the link up only after three rounds without an answer. The person hears of the
+// first one, so that what the strip shows is not taken for live.
+void ClpgecuView::WatchAnswers() {
+  const bool answering = context_.counters.Quality().answering;
+  if (answering == answering_) return;
+  answering_ = answering;
+  context_.boxes.Status(answering ? "" : "The ECU does not answer.");
+  if (answering) return;
+  live_strip_->MarkStale();
+  cylinder_strip_->MarkStale();
+}
+
+}  // namespace zelorgas

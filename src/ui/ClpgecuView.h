@@ -1,0 +1,60 @@
+// The main view: the live strip above the tabs with the pages. Receives WM_COMM_STATUS and shows
+// what it says: live values, the state of the link, which pages can be used.
+#pragma once
+
+#include <QTabWidget>
+#include <QTimer>
+#include <QWidget>
+#include <vector>
+
+#include "ui/CLiveStrip.h"
+#include "ui/CPageFrame.h"
+#include "ui/CommStatusText.h"
+#include "ui/UiContext.h"
+
+namespace zelorgas {
+
+class CTabStart;
+
+class ClpgecuView final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ClpgecuView(UiContext& context, QWidget* parent = nullptr);
+  ~ClpgecuView() override;
+
+  // Takes `page` as a tab that can be used only while the link is up. Its object name is set.
+  void AddEcuPage(QWidget* page, const QString& title);
+
+  [[nodiscard]] CTabStart& StartPage() { return *start_page_; }
+  // kConnecting, kLinkUp, kPortBusy or kNotConnected: what was shown last.
+  [[nodiscard]] CommStatus LinkState() const { return link_state_; }
+
+  // The injection times of every cylinder as a second strip; polled only while shown.
+  void ShowCylinders(bool show);
+
+ signals:
+  void LinkStateChanged();
+
+ protected:
+  // The status sink's post box has something.
+  void customEvent(QEvent* event) override;
+
+ private:
+  void OnCommStatus(CommStatus status);
+  void ShowLinkState(CommStatus status);
+  void FollowControl();
+  void WatchAnswers();
+
+  UiContext& context_;
+  CLiveStrip* live_strip_;
+  CLiveStrip* cylinder_strip_;
+  QTabWidget* tabs_;
+  CTabStart* start_page_;
+  std::vector<CPageFrame*> ecu_pages_;
+  CommStatus link_state_ = CommStatus::kNotConnected;
+  QTimer answer_timer_;  // while connected
+  bool answering_ = true;
+};
+
+}  // namespace zelorgas

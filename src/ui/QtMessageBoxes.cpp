@@ -1,0 +1,51 @@
+#include "ui/QtMessageBoxes.h"
+
+#include <QMessageBox>
+
+#include "app/StartUp.h"
+#include "ui/Text.h"
+
+namespace zelorgas {
+namespace {
+
+QMessageBox::Icon QtIcon(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::kInformation:
+      return QMessageBox::Information;
+    case MessageIcon::kExclamation:
+      return QMessageBox::Warning;
+    case MessageIcon::kError:
+      return QMessageBox::Critical;
+    case MessageIcon::kNone:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+// Modal until answered; gives the button.
+int Show(QWidget* window, QMessageBox::Icon icon, std::string_view text,
+         QMessageBox::StandardButtons buttons) {
+  QMessageBox box(icon, ToQString(TemplateString(DocumentString::kWindowTitle)),
+                  TranslatedMessage(text), buttons, window);
+  box.setObjectName("message_box");
+  box.setAccessibleName(box.text());
+  // The texts are plain; "<=>" in one must not be taken for a tag.
+  box.setTextFormat(Qt::PlainText);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  return box.exec();
+}
+
+}  // namespace
+
+void QtMessageBoxes::Inform(std::string_view text, MessageIcon icon) {
+  Show(window_, QtIcon(icon), text, QMessageBox::Ok);
+}
+
+bool QtMessageBoxes::Ask(std::string_view text) {
+  return Show(window_, QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No) ==
+         QMessageBox::Yes;
+}
+
+void QtMessageBoxes::Status(std::string_view text) { emit StatusText(TranslatedMessage(text)); }
+
+}  // namespace zelorgas

@@ -1,0 +1,41 @@
+// The simulated ECU of the port list, on a line of this process, with what can be done to it from
+// the Tools menu. Its port may be opened and used by any thread; the rest is for the user-interface
+// thread.
+#pragma once
+
+#include <string>
+
+#include "platform/Clock.h"
+#include "platform/SerialDevice.h"
+#include "sim/SimulatedEcu.h"
+#include "sim/SimulatedLine.h"
+
+namespace zelorgas {
+
+class SimulatedBench {
+ public:
+  // `clock` outlives the bench.
+  explicit SimulatedBench(Clock& clock, SimulatedEcuOptions ecu = {},
+                          SimulatedLineOptions line = {});
+
+  // Opens the simulated ECU for the name that the port list gives it, and lets `others` open every
+  // other. The bench outlives the opener.
+  [[nodiscard]] SerialOpener Opener(SerialOpener others);
+
+  // The plug between the line and the ECU: the adapter stays, the ECU falls silent. Back in, it
+  // answers again from the next request on.
+  void SetEcuUnplugged(bool unplugged);
+  // The adapter: its port is gone, and opens again once it is back.
+  void SetAdapterUnplugged(bool unplugged) { line_.SetPlugged(!unplugged); }
+  void RestartEcu() { ecu_.Restart(); }
+
+  [[nodiscard]] SimulatedEcu& Ecu() { return ecu_; }
+  [[nodiscard]] SimulatedLine& Line() { return line_; }
+
+ private:
+  SimulatedEcu ecu_;
+  SimulatedLine line_;
+  SerialOpener opener_;
+};
+
+}  // namespace zelorgas
