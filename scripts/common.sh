@@ -9,7 +9,7 @@ cd "$ROOT" || exit
 # The same on every machine: messages are read by people and compared by scripts.
 export LC_ALL=C.UTF-8
 
-BUILD_PACKAGES=(g++ cmake ninja-build ccache)
+BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev)
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" libgtest-dev libgmock-dev)
 
 CURRENT_STEP=start
@@ -29,7 +29,9 @@ leave() {
   trap - EXIT
   trap '' INT TERM
   for cleanup in "${CLEANUPS[@]}"; do "$cleanup" || true; done
-  if ((status != 0)); then
+  if ((status == 130 || status == 143)); then
+    printf '\n%s: stopped in step "%s"\n' "${0##*/}" "$CURRENT_STEP" >&2
+  elif ((status != 0)); then
     printf '\n%s: step "%s" failed (status %d)\n' "${0##*/}" "$CURRENT_STEP" "$status" >&2
   fi
   exit "$status"

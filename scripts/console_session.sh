@@ -66,7 +66,8 @@ write_and_restore() {
 watch_live() {
   local end=$((SECONDS + $1)) pointer=0 rounds=0 fifo=() pressure=() block=()
   local modes=(Normal Economical Turbo) fuels=(petrol gas) newest
-  echo "  engine    petrol     gas inj.  throttle coolant  gas   MAP       P1         battery  mode"
+  printf '%11s  %9s %9s %8s %8s %6s  %9s %9s %7s  %s\n' \
+    engine petrol "gas inj." throttle coolant gas MAP P1 battery mode
   while ((SECONDS < end || rounds < 2)); do
     ecu_values fifo fifo "$pointer"
     ecu_values pressure input 43 1
@@ -75,7 +76,7 @@ watch_live() {
     newest=$((${#fifo[@]} / 4 * 4 - 4))
     pointer=$(((pointer + ${#fifo[@]} / 4) % 8))
     if ((newest < 0)); then continue; fi
-    printf '%5d 1/min  %6s ms %6s ms %5d %% %5d C %4d C  %5s bar %5s bar %5s V  %s, %s\n' \
+    printf '%5d 1/min  %6s ms %6s ms %6d %% %6d C %4d C  %5s bar %5s bar %5s V  %s, %s\n' \
       "${fifo[newest + 3]}" "$(fixed "${block[0]}" 3)" "$(fixed "${block[1]}" 3)" \
       "$(signed_byte "${block[2]}")" "$(signed_byte "${fifo[newest + 1]}")" \
       "$(signed_byte "${fifo[newest + 2]}")" "$(fixed $((fifo[newest + 2] >> 8)) 1)" \
