@@ -13,6 +13,9 @@ constexpr milliseconds kIdlePause{2};
 
 }  // namespace
 
+// ERROR_NO_SUCH_DEVICE, which mingw-w64's headers lack.
+constexpr DWORD kErrorNoSuchDevice = 433;
+
 bool MeansUnplugged(DWORD error) {
   switch (error) {
     case ERROR_FILE_NOT_FOUND:
@@ -23,6 +26,7 @@ bool MeansUnplugged(DWORD error) {
     case ERROR_BAD_COMMAND:
     case ERROR_GEN_FAILURE:
     case ERROR_DEV_NOT_EXIST:
+    case kErrorNoSuchDevice:
     case ERROR_IO_DEVICE:
     case ERROR_DEVICE_NOT_CONNECTED:
     case ERROR_DEVICE_REMOVED:

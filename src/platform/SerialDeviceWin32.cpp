@@ -18,6 +18,11 @@ using std::chrono::milliseconds;
 constexpr DWORD kLineErrors = CE_FRAME | CE_OVERRUN | CE_RXPARITY | CE_RXOVER;
 // Between two looks at an output queue that is nearly empty.
 constexpr milliseconds kShortestPause{1};
+// What a driver may take longer for a read than its time-outs allow.
+constexpr milliseconds kReadGrace{1000};
+
+// Asked at once: whatever runs in between may set another error.
+DWORD ErrorOf(BOOL succeeded) { return succeeded != FALSE ? ERROR_SUCCESS : ::GetLastError(); }
 
 class Win32SerialDevice final : public SerialDevice {
  public:
@@ -48,8 +53,9 @@ class Win32SerialDevice final : public SerialDevice {
   [[nodiscard]] std::optional<COMSTAT> Look();
   // Moves what the driver has queued into queue_, where it can be searched. False: the port failed.
   [[nodiscard]] bool Collect();
-  // Ends a read or write that `started` says is done or has failed, or waits for it in slices.
-  [[nodiscard]] bool Finish(BOOL started, Clock::TimePoint deadline, DWORD& count);
+  // Ends a read or write whose call gave `error`: it is done, has failed, or is waited for in
+  // slices.
+  [[nodiscard]] bool Finish(DWORD error, Clock::TimePoint deadline, DWORD& count);
   [[nodiscard]] bool Drain(Clock::TimePoint deadline);
   [[nodiscard]] bool WaitSlice(PortEventWait& events, Clock::TimePoint deadline);
   void RunSliceHook() const {
@@ -140,8 +146,7 @@ std::optional<COMSTAT> Win32SerialDevice::Look() {
   return status;
 }
 
-bool Win32SerialDevice::Finish(BOOL started, Clock::TimePoint deadline, DWORD& count) {
-  const DWORD error = started != FALSE ? ERROR_SUCCESS : ::GetLastError();
+bool Win32SerialDevice::Finish(DWORD error, Clock::TimePoint deadline, DWORD& count) {
   if (error != ERROR_SUCCESS && error != ERROR_IO_PENDING) return Fail(error);
   bool done = error == ERROR_SUCCESS;
   Clock::TimePoint now = clock_.Now();
@@ -159,8 +164,12 @@ bool Win32SerialDevice::Write(std::span<const std::uint8_t> bytes) {
   const Clock::TimePoint deadline = clock_.Now() + WriteLimit(timeouts_, bytes.size(), wire_time);
   const auto size = static_cast<DWORD>(bytes.size());
   DWORD count = 0;
-  const BOOL started = ::WriteFile(port_.Get(), bytes.data(), size, nullptr, transfer_.Start());
-  return Finish(started, deadline, count) && count == size && Drain(deadline);
+  const DWORD error =
+      ErrorOf(::WriteFile(port_.Get(), bytes.data(), size, nullptr, transfer_.Start()));
+  if (Finish(error, deadline, count) && count == size && Drain(deadline)) return true;
+  // The rest must not go out later, in front of another frame.
+  if (!gone_) ::PurgeComm(port_.Get(), kPurgeSend);
+  return false;
 }
 
 // A driver that keeps its own copy of the bytes ends the write before they are sent.
@@ -169,15 +178,12 @@ bool Win32SerialDevice::Drain(Clock::TimePoint deadline) {
     const std::optional<std::size_t> queued = OutputQueueLength();
     if (!queued || *queued == 0) return queued.has_value();
     const Clock::TimePoint now = clock_.Now();
-    if (now >= deadline) break;
+    if (now >= deadline) return false;
     const Clock::Duration left = character_time_ * static_cast<Clock::Duration::rep>(*queued);
     clock_.SleepUntil(
         std::min(deadline, now + std::clamp<Clock::Duration>(left, kShortestPause, kWaitSlice)));
     RunSliceHook();
   }
-  // The rest must not go out later, in front of another frame.
-  ::PurgeComm(port_.Get(), kPurgeSend);
-  return false;
 }
 
 std::optional<std::size_t> Win32SerialDevice::OutputQueueLength() {
@@ -195,8 +201,13 @@ std::optional<std::size_t> Win32SerialDevice::InputQueueLength() {
 
 bool Win32SerialDevice::WaitSlice(PortEventWait& events, Clock::TimePoint deadline) {
   const std::optional<DWORD> came = events.Wait(std::min(deadline, slice_end_) - clock_.Now());
-  if (!came) return Fail(::GetLastError());
-  if ((*came & EV_ERR) != 0) line_error_ = true;
+  if (!came) {
+    Fail(::GetLastError());
+    if (gone_) return false;
+    // A driver that cannot wait for events can still be looked at now and then.
+    clock_.SleepUntil(std::min(deadline, slice_end_));
+  }
+  if (came && (*came & EV_ERR) != 0) line_error_ = true;
   // By time, not by "nothing came": on a busy line something comes in every slice.
   if (clock_.Now() >= slice_end_) {
     RunSliceHook();
@@ -231,9 +242,14 @@ std::optional<std::size_t> Win32SerialDevice::Read(std::span<std::uint8_t> into)
   DWORD count = 0;
   if (good && !into.empty()) {
     // The driver ends the read by the port's time-outs.
-    const BOOL started = ::ReadFile(port_.Get(), into.data(), static_cast<DWORD>(into.size()),
-                                    nullptr, transfer_.Start());
-    good = Finish(started, Clock::TimePoint::max(), count);
+    // The bound is for one that does not.
+    const Clock::Duration total =
+        TotalLimit(timeouts_.read_total_multiplier, timeouts_.read_total_constant, into.size());
+    const Clock::TimePoint deadline =
+        total > Clock::Duration{0} ? clock_.Now() + total + kReadGrace : Clock::TimePoint::max();
+    const DWORD error = ErrorOf(::ReadFile(
+        port_.Get(), into.data(), static_cast<DWORD>(into.size()), nullptr, transfer_.Start()));
+    good = Finish(error, deadline, count);
   }
   if (!good && kept == 0) return std::nullopt;
   return kept + count;
@@ -249,9 +265,9 @@ bool Win32SerialDevice::Collect() {
   tail.resize(before + status->cbInQue);
   DWORD count = 0;
   // No more than is there, so that no time-out comes into it.
-  const BOOL started =
-      ::ReadFile(port_.Get(), tail.data() + before, status->cbInQue, nullptr, transfer_.Start());
-  const bool good = Finish(started, clock_.Now() + kWaitSlice, count);
+  const DWORD error = ErrorOf(
+      ::ReadFile(port_.Get(), tail.data() + before, status->cbInQue, nullptr, transfer_.Start()));
+  const bool good = Finish(error, clock_.Now() + kWaitSlice, count);
   tail.resize(before + count);
   return good;
 }

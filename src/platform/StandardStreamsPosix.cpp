@@ -18,4 +18,6 @@ void KeepStandardStreams() {
   }
 }
 
+bool StandardInputIsTerminal() { return ::isatty(STDIN_FILENO) == 1; }
+
 }  // namespace zelorgas

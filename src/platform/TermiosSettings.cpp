@@ -16,8 +16,8 @@ constexpr tcflag_t kStickParity = 0;
 constexpr cc_t kXon = 0x11;
 constexpr cc_t kXoff = 0x13;
 
-constexpr tcflag_t kInputProcessing =
-    IGNBRK | BRKINT | PARMRK | INPCK | ISTRIP | INLCR | IGNCR | ICRNL | IXON | IXOFF | IXANY;
+constexpr tcflag_t kInputProcessing = IGNBRK | BRKINT | IGNPAR | PARMRK | INPCK | ISTRIP | INLCR |
+                                      IGNCR | ICRNL | IXON | IXOFF | IXANY;
 constexpr tcflag_t kLineEditing = ECHO | ECHONL | ICANON | ISIG | IEXTEN;
 constexpr tcflag_t kCharacterShape = CSIZE | PARENB | PARODD | kStickParity | CSTOPB;
 
