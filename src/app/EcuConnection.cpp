@@ -40,23 +40,24 @@ EcuConnection::EcuConnection(ClpgecuDoc& document, MessageBoxes& boxes, Settings
 
 EcuConnection::Outcome EcuConnection::Connect(bool start_worker) {
   identity_ = {};
+  failure_result_ = ModbusResult::kOk;
   ModbusSerialPort& link = document_.Link();
   if (!link.Open(0, 0, 255)) return Fail(kPortBusy);
   EcuIdentity found;
-  if (const auto step = ReadBasicIdentification(link, found); !step.Ok()) return Fail(step.message);
+  if (const auto step = ReadBasicIdentification(link, found); !step.Ok()) return Fail(step);
   StorePort();
-  if (const auto step = ReadModel(link, found); !step.Ok()) return Fail(step.message);
+  if (const auto step = ReadModel(link, found); !step.Ok()) return Fail(step);
   if (found.bootloader) {
     identity_ = found;
     return EnterBootloader();
   }
-  if (const auto step = ReadVersions(link, found); !step.Ok()) return Fail(step.message);
+  if (const auto step = ReadVersions(link, found); !step.Ok()) return Fail(step);
   identity_ = found;
   KeepVersions();
   if (const Outcome gate = CheckVersion(); gate != Outcome::kConnected) return gate;
-  if (const auto step = ReadSerialNumber(link, identity_); !step.Ok()) return Fail(step.message);
+  if (const auto step = ReadSerialNumber(link, identity_); !step.Ok()) return Fail(step);
   if (const auto step = ReadBoardInformation(link, identity_); !step.Ok()) {
-    return Fail(step.message);
+    return Fail(step);
   }
   document_.ClearRestartMarker();
   if (start_worker && !document_.StartWorker()) return Fail(kPortBusy);
@@ -71,9 +72,13 @@ void EcuConnection::Disconnect() {
 
 EcuConnection::Outcome EcuConnection::Fail(std::string_view message) {
   document_.Link().Close();
-  identity_ = {};
   boxes_.Inform(message, MessageIcon::kError);
   return Outcome::kFailed;
+}
+
+EcuConnection::Outcome EcuConnection::Fail(const IdentifyOutcome& step) {
+  failure_result_ = step.result;
+  return Fail(step.message);
 }
 
 EcuConnection::Outcome EcuConnection::StartUpdate(bool in_bootloader) {

@@ -42,11 +42,17 @@ class EcuConnection {
   // Stops the worker and closes the port.
   void Disconnect();
 
-  // Of the last successful connection; empty texts when not connected.
+  // What the last Connect found out, also when it failed after the ECU had said its versions; empty
+  // texts before that and after Disconnect.
   [[nodiscard]] const EcuIdentity& Identity() const { return identity_; }
+
+  // The link's result on which the last Connect failed; kOk when it did not fail, or by what the
+  // ECU answered.
+  [[nodiscard]] ModbusResult FailureResult() const { return failure_result_; }
 
  private:
   Outcome Fail(std::string_view message);
+  Outcome Fail(const IdentifyOutcome& step);
   Outcome StartUpdate(bool in_bootloader);
   void StorePort();
   // The firmware versions that this program works with. kConnected: go on.
@@ -59,6 +65,7 @@ class EcuConnection {
   SettingsStore& settings_;
   FirmwareUpdate& update_;
   EcuIdentity identity_;
+  ModbusResult failure_result_ = ModbusResult::kOk;
 };
 
 }  // namespace zelorgas

@@ -1,19 +1,17 @@
 #include "cli/CliSession.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
+#include "app/PortListModel.h"
+#include "app/Settings.h"
 #include "cli/Text.h"
 
 namespace zelorgas {
 namespace {
 
 constexpr std::string_view kProgram = "zelorgas-cli: ";
-constexpr std::string_view kSimulatedPort = "sim";
 constexpr std::string_view kComPrefix = "COM";
-constexpr std::uint32_t kLineBaud = 19200;
-constexpr std::uint8_t kLineDataBits = 7;
 
 // The digits of "COM12", whatever the case of its letters; nothing for another text.
 std::optional<std::string_view> ComPortDigits(std::string_view port) {
@@ -30,52 +28,68 @@ std::optional<std::string_view> ComPortDigits(std::string_view port) {
   return digits;
 }
 
+SerialOpener PortsOf(const CliEnvironment& environment) {
+  return [&environment](const std::string& name) {
+    return name == kSimulatedPortName ? environment.simulated_ecu(name)
+                                      : environment.serial_ports(name);
+  };
+}
+
 }  // namespace
 
 CliSession::CliSession(CliEnvironment& environment, CliOptions options)
-    : environment_(environment), options_(std::move(options)) {}
+    : environment_(environment),
+      options_(std::move(options)),
+      document_(PortsOf(environment), environment.clock, statuses_) {}
 
-ExitStatus CliSession::Connect() {
-  if (options_.port.empty()) {
-    return UsageError("no port given: --port takes a device path, COMn, or sim");
+ExitStatus CliSession::SelectLink() {
+  const std::string port =
+      options_.port.empty() ? Settings(environment_.settings).Port() : options_.port;
+  if (port.empty()) {
+    return UsageError(
+        "no port given, and none used before: --port takes a device path, COMn, or sim");
   }
-  if (std::string problem; !ChoosePort(problem)) return UsageError(problem);
-  link_->SetFraming(FramingMode::kAscii);
-  link_->SetBaudRate(kLineBaud);
-  link_->SetDataBits(kLineDataBits);
-  link_->SetParity(Parity::kEven);
-  link_->SetStopBits(StopBits::kOne);
-  link_->SetAttemptCount(options_.attempts);
+  if (std::string problem; !SelectPort(port, problem)) return UsageError(problem);
+  document_.Link().SetAttemptCount(options_.attempts);
   if (!StartTrace()) {
     Message("cannot write " + options_.trace_file);
     return ExitStatus::kFileFailure;
   }
-  if (!link_->Open(0, 0, 255)) {
+  return ExitStatus::kDone;
+}
+
+ExitStatus CliSession::OpenLink() {
+  if (const ExitStatus status = SelectLink(); status != ExitStatus::kDone) return status;
+  if (!document_.Link().Open(0, 0, 255)) {
     Message("Sorry! The specified COM port is busy!");
     return ExitStatus::kRefused;
   }
   return ExitStatus::kDone;
 }
 
-bool CliSession::ChoosePort(std::string& problem) {
-  const bool simulated = options_.port == kSimulatedPort;
-  link_ = std::make_unique<ModbusSerialPort>(
-      simulated ? environment_.simulated_ecu : environment_.serial_ports, environment_.clock);
-  const auto digits = ComPortDigits(options_.port);
+bool CliSession::SelectPort(const std::string& name, std::string& problem) {
+  const auto digits = ComPortDigits(name);
   if (!digits) {
-    link_->SetPortName(options_.port);
+    document_.Link().SetPortName(name);
     return true;
   }
   const auto number = ReadNumber({"COM", 1, 255}, *digits, problem);
-  if (number) link_->SetPortNumber(static_cast<std::uint8_t>(*number));
+  if (number) document_.Link().SetPortNumber(static_cast<std::uint8_t>(*number));
   return number.has_value();
+}
+
+std::optional<std::string> CliSession::Option(std::string_view name) const {
+  const auto option = options_.of_command.find(name);
+  if (option == options_.of_command.end()) return std::nullopt;
+  return option->second;
 }
 
 bool CliSession::StartTrace() {
   if (options_.trace_file.empty()) return true;
   if (!log_.Open(options_.trace_file, environment_.clock.Now())) return false;
-  link_->SetTraceSink(
-      [this](const FrameTrace& trace) { log_.Write(trace, link_->ErrorText(trace.result)); });
+  document_.Link().SetTraceSink([this](const FrameTrace& trace) {
+    log_.Write(trace, document_.Link().ErrorText(trace.result));
+  });
   return true;
 }
 
@@ -92,7 +106,7 @@ ExitStatus CliSession::UsageError(std::string_view text) {
 }
 
 ExitStatus CliSession::LinkError(std::string_view what, ModbusResult result) {
-  Message(std::string(what) + ": " + link_->ErrorText(result));
+  Message(std::string(what) + ": " + document_.Link().ErrorText(result));
   return ExitStatus::kRefused;
 }
 

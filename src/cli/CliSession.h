@@ -1,17 +1,20 @@
-// One run of zelorgas-cli: the options it was given, the link it opens when a command needs one,
-// and where results and messages go. Used by one thread.
+// One run of zelorgas-cli: the options it was given, the document whose link a command opens when
+// it needs one, and where results and messages go. Used by one thread.
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "app/ClpgecuDoc.h"
 #include "cli/CliEnvironment.h"
 #include "cli/FrameLog.h"
 #include "cli/JsonWriter.h"
-#include "link/ModbusSerialPort.h"
+#include "cli/StatusQueue.h"
 
 namespace zelorgas {
 
@@ -29,6 +32,8 @@ struct CliOptions {
   std::uint16_t attempts = 3;
   bool json = false;
   bool help = false;
+  // The command's own options by their names; a switch has an empty value.
+  std::map<std::string, std::string, std::less<>> of_command;
 };
 
 class CliSession {
@@ -40,13 +45,21 @@ class CliSession {
   // The lines that UsageError shows below its message.
   void SetUsage(std::string usage) { usage_ = std::move(usage); }
 
-  // Opens the port of the options, and the trace file. Every status but kDone has been explained to
-  // the user and ends the command.
-  ExitStatus Connect();
-  // The ECU's link, after Connect.
-  [[nodiscard]] ModbusMaster& Ecu() { return *link_; }
+  // Points the document's link at the port of the options, or at the stored one when they name
+  // none, and starts the trace. Every status but kDone has been explained to the user and ends the
+  // command.
+  ExitStatus SelectLink();
+  // The same, and opens the port for exchanges with whatever ECU is there.
+  ExitStatus OpenLink();
+  // The ECU's link, after OpenLink.
+  [[nodiscard]] ModbusMaster& Ecu() { return document_.Link(); }
+  [[nodiscard]] ClpgecuDoc& Document() { return document_; }
+  // What the document's worker posts.
+  [[nodiscard]] StatusQueue& Statuses() { return statuses_; }
 
   [[nodiscard]] bool Json() const { return options_.json; }
+  // The value of the command's option `name`; nothing when it was not given.
+  [[nodiscard]] std::optional<std::string> Option(std::string_view name) const;
   [[nodiscard]] CliEnvironment& Environment() { return environment_; }
 
   // Results go to standard output: lines of text, or the one JSON document.
@@ -63,8 +76,8 @@ class CliSession {
   ExitStatus Finish(ExitStatus status);
 
  private:
-  // Makes the link to the device that options_.port names; false when it names none.
-  [[nodiscard]] bool ChoosePort(std::string& problem);
+  // Points the link at the port `name`; false when there can be no such port.
+  [[nodiscard]] bool SelectPort(const std::string& name, std::string& problem);
   // False when the trace file cannot be written.
   [[nodiscard]] bool StartTrace();
 
@@ -72,7 +85,8 @@ class CliSession {
   const CliOptions options_;
   std::string usage_;
   FrameLog log_;
-  std::unique_ptr<ModbusSerialPort> link_;  // writes into log_
+  StatusQueue statuses_;
+  ClpgecuDoc document_;  // writes into the two above
 };
 
 }  // namespace zelorgas

@@ -1,9 +1,12 @@
 #include "cli/Commands.h"
 
+#include <algorithm>
 #include <array>
 
 namespace zelorgas {
 namespace {
+
+constexpr std::array<CommandOption, 2> kLiveOptions{{{"--seconds"}, {"--csv"}}};
 
 constexpr auto kCommands = std::to_array<Command>({
     {"ports", "ports", "the serial ports of this machine, one a line", RunPorts},
@@ -16,6 +19,11 @@ constexpr auto kCommands = std::to_array<Command>({
      "writes parameters or holding registers and reads them back; nothing is written when one\n"
      "of the assignments is wrong",
      RunSet},
+    {"live", "live [--seconds S] [--csv FILE]",
+     "live values, a line an update, until S seconds have passed since the first or Ctrl+C is\n"
+     "pressed; with --json one JSON object a line; FILE gets the same values, comma separated.\n"
+     "--attempts counts for connecting; the live values' exchanges are tried once each",
+     RunLive, kLiveOptions},
     {"modbus",
      "modbus coils|inputs|holding|input START COUNT\n"
      "modbus write-coil A on|off\n"
@@ -29,5 +37,10 @@ constexpr auto kCommands = std::to_array<Command>({
 }  // namespace
 
 std::span<const Command> Commands() { return kCommands; }
+
+const Command* FindCommand(std::string_view name) {
+  const auto* const command = std::ranges::find(kCommands, name, &Command::name);
+  return command == kCommands.end() ? nullptr : command;
+}
 
 }  // namespace zelorgas

@@ -1,22 +1,9 @@
-#include <array>
-
-#include "app/Identification.h"
+#include "cli/CliConnection.h"
 #include "cli/Commands.h"
 #include "cli/Text.h"
 
 namespace zelorgas {
 namespace {
-
-// The steps of a connection; an ECU in its bootloader knows the first two only.
-IdentifyOutcome Identify(ModbusMaster& ecu, EcuIdentity& identity) {
-  constexpr std::array kSteps = {ReadBasicIdentification, ReadModel, ReadVersions, ReadSerialNumber,
-                                 ReadBoardInformation};
-  for (const auto step : kSteps) {
-    const IdentifyOutcome outcome = step(ecu, identity);
-    if (!outcome.Ok() || identity.bootloader) return outcome;
-  }
-  return {};
-}
 
 std::string Dotted(Version version) {
   return std::to_string(version.major) + "." + std::to_string(version.minor);
@@ -80,22 +67,20 @@ void PrintText(CliSession& session, const EcuIdentity& identity) {
 
 ExitStatus RunIdentify(CliSession& session, std::span<const std::string> arguments) {
   if (!arguments.empty()) return session.UsageError("identify takes no arguments");
-  if (const ExitStatus status = session.Connect(); status != ExitStatus::kDone) return status;
-  EcuIdentity identity;
-  const IdentifyOutcome outcome = Identify(session.Ecu(), identity);
-  if (!outcome.Ok()) {
-    session.Message(outcome.message);
-    if (outcome.result != ModbusResult::kOk) {
-      session.Message(session.Ecu().ErrorText(outcome.result));
+  if (const ExitStatus status = session.SelectLink(); status != ExitStatus::kDone) return status;
+  CliConnection connection(session);
+  const EcuConnection::Outcome outcome = connection.Connect();
+  // Who is there is worth knowing also where this program cannot work with it.
+  const EcuIdentity& identity = connection.Identity();
+  if (!identity.vendor.empty()) {
+    if (session.Json()) {
+      session.Print(ToJson(identity));
+    } else {
+      PrintText(session, identity);
     }
-    return ExitStatus::kRefused;
   }
-  if (session.Json()) {
-    session.Print(ToJson(identity));
-  } else {
-    PrintText(session, identity);
-  }
-  return ExitStatus::kDone;
+  // A bootloader and an old firmware are answers to the question, not failures.
+  return outcome == EcuConnection::Outcome::kFailed ? ExitStatus::kRefused : ExitStatus::kDone;
 }
 
 }  // namespace zelorgas

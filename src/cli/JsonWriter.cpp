@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "cli/Text.h"
+
 namespace zelorgas {
 namespace {
 
@@ -69,6 +71,12 @@ JsonWriter& JsonWriter::String(std::string_view text) {
 JsonWriter& JsonWriter::Number(std::uint32_t number) {
   Separate();
   text_ += std::to_string(number);
+  return *this;
+}
+
+JsonWriter& JsonWriter::Decimal(double value, int decimals) {
+  Separate();
+  text_ += FormatFixed(value, decimals);
   return *this;
 }
 

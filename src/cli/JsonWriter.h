@@ -20,6 +20,8 @@ class JsonWriter {
   // that the document stays valid whatever came from the line.
   JsonWriter& String(std::string_view text);
   JsonWriter& Number(std::uint32_t number);
+  // With `decimals` digits behind the point.
+  JsonWriter& Decimal(double value, int decimals);
   JsonWriter& Bool(bool value);
   JsonWriter& Null();
 

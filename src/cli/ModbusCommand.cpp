@@ -92,7 +92,7 @@ ExitStatus Read(CliSession& session, std::span<const std::string> arguments,
   if (numbers.empty() || !FitsAddressSpace(session, numbers[0], numbers[1])) {
     return ExitStatus::kWrongUsage;
   }
-  if (const ExitStatus status = session.Connect(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
   std::vector<Value> values;
   const ModbusResult result =
       (session.Ecu().*operation)(ECU_SLAVE_ADDRESS, numbers[0], numbers[1], values);
@@ -121,7 +121,7 @@ ExitStatus WriteCoil(CliSession& session, std::span<const std::string> arguments
   }
   const Words address = ReadNumbers(session, arguments.first(1), std::array{kAddress});
   if (address.empty()) return ExitStatus::kWrongUsage;
-  if (const ExitStatus status = session.Connect(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
   const std::vector<std::uint8_t> on{arguments[1] == "on" ? std::uint8_t{1} : std::uint8_t{0}};
   const ModbusResult result =
       session.Ecu().WriteSingleCoil(ECU_SLAVE_ADDRESS, address[0], on.front());
@@ -131,7 +131,7 @@ ExitStatus WriteCoil(CliSession& session, std::span<const std::string> arguments
 ExitStatus WriteRegister(CliSession& session, std::span<const std::string> arguments) {
   const Words numbers = ReadNumbers(session, arguments, std::array{kAddress, kValue});
   if (numbers.empty()) return ExitStatus::kWrongUsage;
-  if (const ExitStatus status = session.Connect(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
   const ModbusResult result =
       session.Ecu().WriteSingleRegister(ECU_SLAVE_ADDRESS, numbers[0], numbers[1]);
   return Report(session, result, numbers[0], Words{numbers[1]});
@@ -148,7 +148,7 @@ ExitStatus WriteRegisters(CliSession& session, std::span<const std::string> argu
   if (numbers.empty() || !FitsAddressSpace(session, numbers[0], numbers.size() - 1)) {
     return ExitStatus::kWrongUsage;
   }
-  if (const ExitStatus status = session.Connect(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
   const Words values(numbers.begin() + 1, numbers.end());
   const ModbusResult result =
       session.Ecu().WriteMultipleRegisters(ECU_SLAVE_ADDRESS, numbers[0], values);
@@ -159,7 +159,7 @@ ExitStatus WriteRegisters(CliSession& session, std::span<const std::string> argu
 ExitStatus ReadFifo(CliSession& session, std::span<const std::string> arguments) {
   const Words pointer = ReadNumbers(session, arguments, std::array{NumberArgument{"P"}});
   if (pointer.empty()) return ExitStatus::kWrongUsage;
-  if (const ExitStatus status = session.Connect(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
   Words values;
   const ModbusResult result = session.Ecu().ReadFifoQueue(ECU_SLAVE_ADDRESS, pointer[0], values);
   return Report(session, result, 0, values);
@@ -169,7 +169,7 @@ ExitStatus ReadIdentification(CliSession& session, std::span<const std::string> 
   constexpr std::array<NumberArgument, 2> kShape{{{"CODE", 1, 4}, {"OBJECT", 0, 255}}};
   const Words numbers = ReadNumbers(session, arguments, kShape);
   if (numbers.empty()) return ExitStatus::kWrongUsage;
-  if (const ExitStatus status = session.Connect(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
   DeviceIdentification answer;
   const ModbusResult result = session.Ecu().ReadDeviceIdentification(
       ECU_SLAVE_ADDRESS, static_cast<std::uint8_t>(numbers[0]),

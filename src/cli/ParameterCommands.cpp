@@ -79,7 +79,7 @@ ExitStatus RunGet(CliSession& session, std::span<const std::string> arguments) {
     };
     if (std::ranges::none_of(values, asked_before)) values.push_back({*target});
   }
-  if (const ExitStatus status = session.Connect(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
   for (TargetValue& value : values) {
     const ModbusResult result = value.target.Read(session.Ecu(), value.value);
     if (result != ModbusResult::kOk) return session.LinkError(value.target.Text(), result);
@@ -103,7 +103,7 @@ ExitStatus RunSet(CliSession& session, std::span<const std::string> arguments) {
     }
     assignments.push_back(*assignment);
   }
-  if (const ExitStatus status = session.Connect(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
   for (std::size_t i = 0; i < assignments.size(); ++i) {
     const ExitStatus status = WriteAndVerify(session, assignments[i]);
     if (status != ExitStatus::kDone) {

@@ -17,8 +17,10 @@ constexpr std::string_view kUsage =
 
 constexpr std::string_view kOptionsHelp =
     "Options:\n"
-    "  --port PORT     a device path, COMn, or sim (a simulated ECU inside the program)\n"
-    "  --json          one JSON document on standard output, and nothing else there\n"
+    "  --port PORT     a device path, COMn, or sim (a simulated ECU inside the program); when not\n"
+    "                  given, the port that was used last\n"
+    "  --json          one JSON document on standard output (live: one a line), and nothing else\n"
+    "                  there\n"
     "  --trace FILE    every frame sent and received, with its time in milliseconds and its "
     "result\n"
     "  --attempts N    how often each exchange is tried, 1 to 100; 3 when not given\n"
@@ -51,11 +53,19 @@ std::string Help() {
 // What the words of the command line are.
 struct CommandLine {
   CliOptions options;
-  std::vector<std::string> words;  // the command and its arguments
-  std::string problem;             // why the command line is wrong; empty when it is not
+  std::vector<std::string> words;    // the command and its arguments
+  const Command* command = nullptr;  // of the first of the words; null: there is no such command
+  std::string problem;               // why the command line is wrong; empty when it is not
 };
 
-// The program's own options may stand before the command or behind it.
+const CommandOption* FindOption(const Command* command, std::string_view name) {
+  if (command == nullptr) return nullptr;
+  const auto option = std::ranges::find(command->options, name, &CommandOption::name);
+  return option == command->options.end() ? nullptr : &*option;
+}
+
+// The program's own options may stand before the command or behind it, those of a command behind
+// it.
 CommandLine ReadCommandLine(std::span<const std::string> arguments) {
   CommandLine line;
   const auto take_value = [&](std::size_t& index) -> std::optional<std::string> {
@@ -78,24 +88,30 @@ CommandLine ReadCommandLine(std::span<const std::string> arguments) {
       if (const auto value = take_value(i)) {
         line.options.attempts = ReadNumber(kAttempts, *value, line.problem).value_or(1);
       }
+    } else if (const CommandOption* const option = FindOption(line.command, word)) {
+      line.options.of_command[word] = option->takes_value ? take_value(i).value_or("") : "";
     } else if (word.starts_with("--")) {
       line.problem = "there is no option " + word;
     } else {
+      if (line.words.empty()) line.command = FindCommand(word);
       line.words.push_back(word);
     }
   }
   return line;
 }
 
-ExitStatus RunCommand(CliSession& session, std::span<const std::string> words) {
-  if (words.empty()) return session.UsageError("no command given");
-  const auto command = std::ranges::find(Commands(), words.front(), &Command::name);
-  if (command == Commands().end()) {
-    return session.UsageError("there is no command \"" + words.front() + "\"");
+std::string UsageOf(const Command& command) {
+  return FrameLines("usage: zelorgas-cli [OPTIONS] ", command.usage) +
+         "zelorgas-cli --help lists the options and every command.\n";
+}
+
+ExitStatus RunCommand(CliSession& session, const CommandLine& line) {
+  if (!line.problem.empty()) return session.UsageError(line.problem);
+  if (line.words.empty()) return session.UsageError("no command given");
+  if (line.command == nullptr) {
+    return session.UsageError("there is no command \"" + line.words.front() + "\"");
   }
-  session.SetUsage(FrameLines("usage: zelorgas-cli [OPTIONS] ", command->usage) +
-                   "zelorgas-cli --help lists the options and every command.\n");
-  return session.Finish(command->run(session, words.subspan(1)));
+  return line.command->run(session, std::span(line.words).subspan(1));
 }
 
 }  // namespace
@@ -104,17 +120,14 @@ int RunCli(std::span<const std::string> arguments, CliEnvironment& environment) 
   CommandLine line = ReadCommandLine(arguments);
   const bool help = line.options.help && line.problem.empty();
   CliSession session(environment, std::move(line.options));
-  session.SetUsage(Help());
+  session.SetUsage(line.command == nullptr ? Help() : UsageOf(*line.command));
   ExitStatus status = ExitStatus::kDone;
   if (help) {
     environment.out << Help();
-    status = session.Finish(status);
-  } else if (!line.problem.empty()) {
-    status = session.UsageError(line.problem);
   } else {
-    status = RunCommand(session, line.words);
+    status = RunCommand(session, line);
   }
-  return static_cast<int>(status);
+  return static_cast<int>(session.Finish(status));
 }
 
 }  // namespace zelorgas

@@ -1,5 +1,6 @@
 #include "cli/Text.h"
 
+#include <array>
 #include <charconv>
 #include <limits>
 #include <system_error>
@@ -8,6 +9,9 @@ namespace zelorgas {
 namespace {
 
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+
+constexpr double kShortestSeconds = 0.001;
+constexpr double kLongestSeconds = 10'000'000;  // four months
 
 }  // namespace
 
@@ -35,6 +39,28 @@ std::optional<std::uint16_t> ReadNumber(const NumberArgument& argument, std::str
             std::to_string(argument.smallest) + " to " + std::to_string(argument.largest) +
             ", not \"" + std::string(text) + "\"";
   return std::nullopt;
+}
+
+std::optional<Clock::Duration> ReadSeconds(std::string_view option, std::string_view text,
+                                           std::string& problem) {
+  double seconds = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, seconds, std::chars_format::fixed);
+  // What is no number compares false.
+  if (error == std::errc() && stop == end && seconds >= kShortestSeconds &&
+      seconds <= kLongestSeconds) {
+    return std::chrono::duration_cast<Clock::Duration>(std::chrono::duration<double>(seconds));
+  }
+  problem = std::string(option) + " takes a number of seconds from 0.001 to 10000000, not \"" +
+            std::string(text) + "\"";
+  return std::nullopt;
+}
+
+std::string FormatFixed(double value, int decimals) {
+  std::array<char, 64> text{};
+  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,
+                                          std::chars_format::fixed, decimals);
+  return {text.data(), end};
 }
 
 std::string FormatHexWord(std::uint16_t word) {

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Clock.h"
+
 namespace zelorgas {
 
 // Decimal ("583") or hexadecimal ("0x247") digits and nothing else. A number that 32 bits cannot
@@ -22,6 +24,15 @@ struct NumberArgument {
 // The number in `text`; otherwise nothing, and `problem` says what the argument takes.
 [[nodiscard]] std::optional<std::uint16_t> ReadNumber(const NumberArgument& argument,
                                                       std::string_view text, std::string& problem);
+
+// The time that `option` gives in seconds ("90", "0.5"); otherwise nothing, and `problem` says what
+// the option takes.
+[[nodiscard]] std::optional<Clock::Duration> ReadSeconds(std::string_view option,
+                                                         std::string_view text,
+                                                         std::string& problem);
+
+// "3.250": `value`, some measured quantity, rounded to `decimals` digits behind a decimal point.
+[[nodiscard]] std::string FormatFixed(double value, int decimals);
 
 // "0x4000": four hexadecimal digits.
 [[nodiscard]] std::string FormatHexWord(std::uint16_t word);

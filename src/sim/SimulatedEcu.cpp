@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "config/Parameters.h"
 
@@ -35,15 +36,15 @@ std::uint16_t Byte(double value) { return Rounded(value, 0, 255); }
 
 SimulatedEcu::SimulatedEcu(Clock& clock, SimulatedEcuOptions options)
     : clock_(clock),
-      options_(options),
-      engine_(options.seed),
+      options_(std::move(options)),
+      engine_(options_.seed),
       started_(clock.Now()),
       now_(started_),
       block_(FactoryConfiguration()) {
   temporary_errors_[1] = 5;
   temporary_errors_[8] = 2;
   permanent_errors_[3] = 1;
-  Boot(options.in_bootloader);
+  Boot(options_.in_bootloader);
 }
 
 void SimulatedEcu::Boot(bool into_bootloader) {

@@ -40,8 +40,8 @@ class CMainFrame final : public QMainWindow {
   void MakeViewMenu();
   void MakeToolsMenu();
   void MakeHelpMenu();
-  QAction* AddAction(QMenu* menu, const QString& object_name, const QString& text,
-                     const QKeySequence& shortcut, const QString& tip);
+  static QAction* AddAction(QMenu* menu, const QString& object_name, const QString& text,
+                            const QKeySequence& shortcut, const QString& tip);
   void ListRecentFiles(QMenu* menu);
   void OpenRecentFile(const std::string& file);
   void FollowControl();

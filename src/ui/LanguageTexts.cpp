@@ -16,6 +16,7 @@ LanguageTexts::~LanguageTexts() { QCoreApplication::removeTranslator(&translator
 
 bool LanguageTexts::Load(std::string_view library) {
   library_.setFileName(ToQString(library));
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): a library has plain functions
   const auto texts = reinterpret_cast<TranslationFunction>(library_.resolve(kTranslationFunction));
   if (texts == nullptr) return false;
   int size = 0;

@@ -14,7 +14,7 @@ constexpr unsigned kForGoodMs = 0x7FFFFFFF;  // three weeks
 }  // namespace
 
 SimulatedBench::SimulatedBench(Clock& clock, SimulatedEcuOptions ecu, SimulatedLineOptions line)
-    : ecu_(clock, ecu), line_(ecu_, clock, line), opener_(SimulatedPort(line_, clock)) {}
+    : ecu_(clock, std::move(ecu)), line_(ecu_, clock, line), opener_(SimulatedPort(line_, clock)) {}
 
 SerialOpener SimulatedBench::Opener(SerialOpener others) {
   return [this, others = std::move(others)](const std::string& name) {

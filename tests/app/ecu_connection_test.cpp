@@ -82,6 +82,7 @@ TEST(EcuConnection, AFailureAtAnyRequestIsToldOnceAndLeavesThePortClosed) {
     EXPECT_EQ(c.connection.Connect(), Outcome::kFailed) << request;
     ASSERT_EQ(c.boxes.said.size(), 1U) << request;
     EXPECT_EQ(c.boxes.said[0].substr(0, 7), "error: ");
+    EXPECT_EQ(c.connection.FailureResult(), ModbusResult::kTimeOut);
     EXPECT_FALSE(c.document.Link().IsOpen());
     EXPECT_FALSE(c.document.HasWorker());
   }
@@ -149,6 +150,8 @@ TEST(EcuConnection, TheVersionGate) {
     EXPECT_EQ(c.connection.Connect(), test.outcome) << int{test.version.minor};
     EXPECT_EQ(c.boxes.said.empty() ? "" : c.boxes.said[0], test.said);
     EXPECT_EQ(c.update.started, test.update);
+    EXPECT_EQ(c.connection.Identity().software, test.version) << "it is known whom we refuse";
+    EXPECT_EQ(c.connection.FailureResult(), ModbusResult::kOk) << "the link is not to blame";
     const bool closed = test.outcome == Outcome::kFailed || test.outcome == Outcome::kDeclined;
     EXPECT_EQ(c.document.Link().IsOpen(), !closed) << int{test.version.minor};
   }

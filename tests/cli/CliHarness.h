@@ -1,14 +1,27 @@
 // Runs whole command lines of zelorgas-cli in the test's process and keeps what they print.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/RunCli.h"
+#include "support/MemorySettings.h"
 #include "support/VirtualClock.h"
 
 namespace zelorgas {
+
+// A file for the running test, and for no other run of it.
+inline std::string TestFile(const std::string& extension) {
+  std::random_device chance;
+  return testing::TempDir() + "zelorgas-" +
+         testing::UnitTest::GetInstance()->current_test_info()->name() + "-" +
+         std::to_string(chance()) + extension;
+}
 
 class CliHarness {
  public:
@@ -23,12 +36,32 @@ class CliHarness {
   SerialOpener serial_ports = [](const std::string&) { return nullptr; };
   SerialOpener simulated_ecu = [](const std::string&) { return nullptr; };
   std::vector<SerialPortInfo> ports;
+  MemorySettings settings;
+  // What a person types at the terminal, when there is one.
+  std::string typed;
+  bool terminal = false;
+  std::atomic<bool> interrupted{false};
+  int interrupts_caught = 0;  // how often a command asked for them
 
   Outcome Run(const std::vector<std::string>& arguments) {
     std::ostringstream out;
+    return Run(arguments, out);
+  }
+  // With an output that does more than keep what is printed.
+  Outcome Run(const std::vector<std::string>& arguments, std::ostringstream& out) {
     std::ostringstream err;
-    CliEnvironment environment{out,          err,           clock,
-                               serial_ports, simulated_ecu, [this] { return ports; }};
+    std::istringstream in(typed);
+    CliEnvironment environment{.out = out,
+                               .err = err,
+                               .in = in,
+                               .in_is_terminal = terminal,
+                               .clock = clock,
+                               .serial_ports = serial_ports,
+                               .simulated_ecu = simulated_ecu,
+                               .list_ports = [this] { return ports; },
+                               .settings = settings,
+                               .catch_interrupts = [this] { ++interrupts_caught; },
+                               .interrupted = interrupted};
     const int status = RunCli(arguments, environment);
     return {status, out.str(), err.str()};
   }

@@ -37,6 +37,13 @@ TEST(CommandLine, WrongOnesGetUsageHelpAndOpenNoPort) {
       {{"identify", "--attempts", "3x"}, "--attempts takes a number from 1 to 100, not \"3x\""},
       {{"identify", "--port", "COM0"}, "COM takes a number from 1 to 255, not \"0\""},
       {{"identify", "--port", "com256"}, "COM takes a number from 1 to 255, not \"256\""},
+      {{"identify", "--seconds", "1"}, "there is no option --seconds"},
+      {{"--seconds", "1", "live"}, "there is no option --seconds"},
+      {{"live", "now"}, "live takes no arguments"},
+      {{"live", "--seconds"}, "--seconds needs a value"},
+      {{"live", "--seconds", "1", "--csv"}, "--csv needs a value"},
+      {{"live", "--seconds", "0"}, "--seconds takes a number of seconds from 0.001 to 10000000"},
+      {{"live", "--seconds", "soon"}, "--seconds takes a number of seconds from 0.001 to 10000000"},
       {{"identify", "now"}, "identify takes no arguments"},
       {{"ports", "all"}, "ports takes no arguments"},
       {{"get"}, "get needs the name of a parameter"},
@@ -117,18 +124,34 @@ TEST(CommandLine, HelpListsEveryCommand) {
     EXPECT_EQ(run.err, "");
     EXPECT_THAT(run.out, StartsWith("usage: zelorgas-cli [--port PORT] [--json] [--trace FILE] "
                                     "[--attempts N] COMMAND\n"));
-    for (const std::string_view form :
-         {"ports", "identify", "get NAME...", "set NAME=VALUE...", "modbus fifo P"}) {
+    for (const std::string_view form : {"ports", "identify", "get NAME...", "set NAME=VALUE...",
+                                        "live [--seconds S] [--csv FILE]", "modbus fifo P"}) {
       EXPECT_THAT(run.out, HasSubstr("\n  " + std::string(form) + "\n"));
     }
   }
 }
 
 TEST(CommandLine, NeedsAPortForTheEcu) {
+  for (const std::string_view command : {"identify", "live"}) {
+    CliHarness cli;
+    const CliHarness::Outcome run = cli.Run({std::string(command)});
+    EXPECT_EQ(run.status, 2) << command;
+    EXPECT_EQ(run.out, "") << command;
+    EXPECT_THAT(run.err, StartsWith("zelorgas-cli: no port given, and none used before"))
+        << command;
+  }
+}
+
+TEST(CommandLine, ThePortUsedLastStandsInForTheOption) {
   CliHarness cli;
-  const CliHarness::Outcome run = cli.Run({"get", "RPM_RATIO"});
-  EXPECT_EQ(run.status, 2);
-  EXPECT_THAT(run.err, StartsWith("zelorgas-cli: no port given"));
+  Words tried;
+  cli.serial_ports = [&](const std::string& name) { return tried.push_back(name), nullptr; };
+  cli.settings.WriteString("Settings", "COMMPORT", "COM7");
+  EXPECT_EQ(cli.Run({"get", "RPM_RATIO"}).status, 1);
+  EXPECT_THAT(tried, ElementsAre("COM7", "\\\\.\\COM7"));
+  EXPECT_EQ(cli.Run({"identify", "--port", "/dev/ttyUSB0"}).status, 1);
+  EXPECT_EQ(tried.back(), "/dev/ttyUSB0");
+  EXPECT_EQ(cli.settings.ReadString("Settings", "COMMPORT", ""), "COM7") << "not connected";
 }
 
 TEST(CommandLine, PortNamesReachTheRightOpener) {

@@ -14,7 +14,6 @@ using Unit = EcuOnLine::Unit;
 using Words = std::vector<std::string>;
 
 constexpr std::uint8_t kWriteRegisterFunction = 6;
-constexpr std::uint8_t kIdentificationFunction = 43;
 
 class EcuCommands : public testing::Test {
  protected:
@@ -58,49 +57,6 @@ TEST_F(EcuCommands, UseTheLineOfTheEcu) {
   EXPECT_EQ(line_.port.settings.stop_bits, StopBits::kOne);
   EXPECT_EQ(line_.port.settings.flow_control, 0);
   EXPECT_EQ(line_.port.open_devices, 0);
-}
-
-TEST_F(EcuCommands, IdentifyAnApplication) {
-  EXPECT_EQ(Print({"identify"}),
-            "vendor:   Tarnwick Ltd.\n"
-            "product:  Petrol<=>GAS ECU Conversion kit\n"
-            "revision: SV 0.39@HV 1.2\n"
-            "software: 0.39\n"
-            "hardware: 1.2\n"
-            "serial:   ECU123456\n"
-            "board:    0x5A47 0x0102 0x2B39\n"
-            "mode:     application\n");
-  EXPECT_EQ(Print({"identify", "--json"}),
-            R"({"vendor":"Tarnwick Ltd.","product":"Petrol<=>GAS ECU Conversion kit",)"
-            R"("revision":"SV 0.39@HV 1.2","software":"0.39","hardware":"1.2",)"
-            R"("serial":"ECU123456","board":[23111,258,11065],"mode":"application"})"
-            "\n");
-}
-
-TEST(BootloaderCommands, IdentifySaysWhatABootloaderDoesNotKnow) {
-  CliHarness cli;
-  EcuOnLine line(cli.clock, {.in_bootloader = true});
-  cli.simulated_ecu = line.port.Opener();
-  EXPECT_THAT(cli.Run({"--port", "sim", "identify", "--json"}).out,
-              HasSubstr(R"("software":"0.39","hardware":null,"serial":null,"board":null,)"
-                        R"("mode":"bootloader"})"));
-  EXPECT_THAT(cli.Run({"--port", "sim", "identify"}).out, HasSubstr("software: 0.39\n"
-                                                                    "hardware: ------\n"
-                                                                    "serial:   ------\n"
-                                                                    "board:    ------\n"
-                                                                    "mode:     bootloader\n"));
-}
-
-TEST_F(EcuCommands, IdentifyTellsAStrangerFromABadLine) {
-  line_.instead = [](const Unit&) { return Unit{0x0B, 0xAB, 0x04}; };
-  ExpectRefused({"identify", "--json"},
-                "zelorgas-cli: Couldn't establish connection with GASECU!\n"
-                "Please check out cables and power supply!\n"
-                "zelorgas-cli: Modbus device return an exception code4\n");
-  line_.instead = [](const Unit&) {
-    return Unit{0x0B, 0x2B, 0x0E, 0x01, 0x82, 0, 0, 3, 0, 1, 'T', 1, 1, 'P', 2, 1, 'R'};
-  };
-  ExpectRefused({"identify"}, "zelorgas-cli: Unrecognized Vendor Name!\n");
 }
 
 TEST_F(EcuCommands, GetTakesNamesAndNumbers) {
@@ -270,8 +226,7 @@ class Trace : public EcuCommands {
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
-  const std::string path_ = testing::TempDir() + "zelorgas-trace-" +
-                            testing::UnitTest::GetInstance()->current_test_info()->name() + ".txt";
+  const std::string path_ = TestFile(".txt");
 };
 
 TEST_F(Trace, HoldsEveryFrameWithTimeAndResult) {
@@ -308,12 +263,9 @@ TEST(Output, ThatCannotBeWrittenIsAFileFailure) {
   CliHarness cli;
   std::ostringstream out;
   out.setstate(std::ios::badbit);
-  std::ostringstream err;
-  CliEnvironment environment{out, err, cli.clock, cli.serial_ports, cli.simulated_ecu, [] {
-                               return std::vector<SerialPortInfo>{};
-                             }};
-  EXPECT_EQ(RunCli(std::vector<std::string>{"ports", "--json"}, environment), 3);
-  EXPECT_EQ(err.str(), "zelorgas-cli: could not write the output\n");
+  const CliHarness::Outcome run = cli.Run({"ports", "--json"}, out);
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.err, "zelorgas-cli: could not write the output\n");
 }
 
 }  // namespace

@@ -8,11 +8,19 @@ namespace {
 TEST(JsonWriter, SeparatesMembersAndElements) {
   JsonWriter document;
   document.BeginObject().Key("empty").BeginArray().EndArray().Key("list").BeginArray();
-  document.Number(0).BeginObject().EndObject().Null().Number(4294967295).EndArray();
+  document.Number(0)
+      .BeginObject()
+      .EndObject()
+      .Null()
+      .Number(4294967295)
+      .Decimal(-0.5, 1)
+      .Decimal(20, 0)
+      .EndArray();
   document.Key("on").Bool(true).Key("off").Bool(false).Key("object").BeginObject();
   document.Key("x").String("y").EndObject().Key("last").Null().EndObject();
-  EXPECT_EQ(document.Text(), R"({"empty":[],"list":[0,{},null,4294967295],"on":true,"off":false,)"
-                             R"("object":{"x":"y"},"last":null})");
+  EXPECT_EQ(document.Text(),
+            R"({"empty":[],"list":[0,{},null,4294967295,-0.5,20],"on":true,"off":false,)"
+            R"("object":{"x":"y"},"last":null})");
 }
 
 TEST(JsonWriter, StringsStayValidWhateverTheBytes) {

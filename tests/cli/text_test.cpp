@@ -46,6 +46,35 @@ TEST(ReadNumber, RefusesWhatIsOutOfRange) {
   }
 }
 
+TEST(ReadSeconds, TakesWholeAndDecimalSecondsAboveNothing) {
+  using std::chrono::milliseconds;
+  const struct {
+    std::string_view text;
+    std::optional<Clock::Duration> time;
+  } cases[] = {
+      {"3", milliseconds(3000)},
+      {"0.25", milliseconds(250)},
+      {"0.001", milliseconds(1)},
+      {"10000000", milliseconds(10'000'000'000)},
+      {"0", {}},
+      {"0.0009", {}},
+      {"-1", {}},
+      {"10000001", {}},
+      {"1e3", {}},
+      {"1,5", {}},
+      {"1.5s", {}},
+      {" 1", {}},
+      {"", {}},
+      {"nan", {}},
+      {"inf", {}},
+  };
+  for (const auto& c : cases) {
+    std::string problem;
+    EXPECT_EQ(ReadSeconds("--seconds", c.text, problem), c.time) << c.text;
+    EXPECT_EQ(problem.empty(), c.time.has_value()) << c.text;
+  }
+}
+
 TEST(PrintableText, KeepsOneLineWhateverComes) {
   EXPECT_EQ(PrintableText(":0B03\r\n"), ":0B03\\r\\n");
   EXPECT_EQ(PrintableText(std::string_view("a\0\x1B[31m\x7F\xFF~", 10)),

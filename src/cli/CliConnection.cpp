@@ -1,0 +1,28 @@
+#include "cli/CliConnection.h"
+
+namespace zelorgas {
+
+void FirmwareAdvice::Start(bool in_bootloader) {
+  if (in_bootloader) {
+    boxes_.Inform("The ECU is in its bootloader and stays there until it gets its firmware.",
+                  MessageIcon::kInformation);
+  }
+  boxes_.Inform("This command does not replace firmware: use the firmware update of ZelorGAS.",
+                MessageIcon::kInformation);
+}
+
+CliConnection::CliConnection(CliSession& session)
+    : session_(session),
+      boxes_(session),
+      advice_(boxes_),
+      connection_(session.Document(), boxes_, session.Environment().settings, advice_) {}
+
+EcuConnection::Outcome CliConnection::Connect() {
+  const EcuConnection::Outcome outcome = connection_.Connect(false);
+  if (const ModbusResult result = connection_.FailureResult(); result != ModbusResult::kOk) {
+    session_.Message(session_.Ecu().ErrorText(result));
+  }
+  return outcome;
+}
+
+}  // namespace zelorgas

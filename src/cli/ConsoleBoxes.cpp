@@ -1,0 +1,44 @@
+#include "cli/ConsoleBoxes.h"
+
+#include <array>
+#include <string>
+
+namespace zelorgas {
+namespace {
+
+constexpr std::array<std::string_view, 3> kYes = {"y", "Y", "yes"};
+constexpr std::array<std::string_view, 3> kNo = {"n", "N", "no"};
+
+bool IsOneOf(const std::array<std::string_view, 3>& words, std::string_view answer) {
+  for (const std::string_view word : words) {
+    if (answer == word) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void ConsoleBoxes::Inform(std::string_view text, MessageIcon) { session_.Message(text); }
+
+void ConsoleBoxes::Status(std::string_view text) { session_.Message(text); }
+
+bool ConsoleBoxes::Ask(std::string_view text) {
+  CliEnvironment& environment = session_.Environment();
+  session_.Message(text);
+  if (!environment.in_is_terminal) {
+    environment.err << "[y/n] n (there is no terminal to answer on)\n";
+    return false;
+  }
+  std::string answer;
+  do {
+    environment.err << "[y/n] " << std::flush;
+    if (!std::getline(environment.in, answer)) {
+      environment.err << '\n';
+      return false;
+    }
+    if (!answer.empty() && answer.back() == '\r') answer.pop_back();
+  } while (!IsOneOf(kYes, answer) && !IsOneOf(kNo, answer));
+  return IsOneOf(kYes, answer);
+}
+
+}  // namespace zelorgas
