@@ -35,8 +35,7 @@ class LiveView {
       }
       // The first values have moved the end.
       if (over && Over()) return true;
-      session_.Statuses().Wait(end_ ? std::min<Clock::Duration>(*end_ - Now(), kInterruptDelay)
-                                    : kInterruptDelay);
+      session_.Statuses().Wait(std::min<Clock::Duration>(end_ - Now(), kInterruptDelay));
     }
     return true;
   }
@@ -46,7 +45,7 @@ class LiveView {
   enum class Link : std::uint8_t { kNone, kComing, kUp, kLost };
 
   [[nodiscard]] Clock::TimePoint Now() const { return session_.Environment().clock.Now(); }
-  [[nodiscard]] bool Over() const { return end_ && Now() >= *end_; }
+  [[nodiscard]] bool Over() const { return Now() >= end_; }
 
   bool Handle(CommStatus status) {
     switch (status) {
@@ -111,7 +110,7 @@ class LiveView {
   const std::optional<Clock::Duration> duration_;
   std::ofstream* const csv_;
   Clock::TimePoint start_;
-  std::optional<Clock::TimePoint> end_;
+  Clock::TimePoint end_ = Clock::TimePoint::max();  // without a duration there is none
   Link link_ = Link::kNone;
   bool shown_ = false;
 };
