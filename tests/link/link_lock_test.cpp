@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <latch>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -20,13 +19,13 @@ TEST(LinkLock, ItsOwnerMayTakeItAgain) {
   lock.unlock();
   // Still held: another gets it only after the last unlock.
   std::atomic<bool> released{false};
-  std::latch started(1);
+  std::atomic<bool> started{false};
   std::thread other([&] {
-    started.count_down();
+    started = true;
     const std::lock_guard guard(lock);
     EXPECT_TRUE(released);
   });
-  started.wait();
+  while (!started) std::this_thread::yield();
   std::this_thread::yield();
   released = true;
   lock.unlock();
@@ -71,13 +70,13 @@ TEST(LinkLock, TheHookRunsWhileSomebodyWaitsAndThenOnly) {
   EXPECT_EQ(hooked, 0) << "nobody waited";
 
   lock.lock();
-  std::latch started(1);
+  std::atomic<bool> started{false};
   std::thread waiter([&] {
     waiting = std::this_thread::get_id();
-    started.count_down();
+    started = true;
     const std::lock_guard guard(lock);
   });
-  started.wait();
+  while (!started) std::this_thread::yield();
   // The lock is held until the waiting thread has come by three times: it does not just block.
   while (hooked < 3) std::this_thread::yield();
   lock.unlock();
