@@ -1,6 +1,6 @@
 #include <array>
 #include <atomic>
-#include <latch>
+#include <future>
 #include <thread>
 #include <utility>
 
@@ -51,7 +51,7 @@ class PortWatcherWin32 final : public PortWatcher {
           Run();
           ended_ = true;
         }) {
-    watching_.wait();
+    watching_.get_future().wait();
   }
 
   ~PortWatcherWin32() override {
@@ -66,7 +66,7 @@ class PortWatcherWin32 final : public PortWatcher {
     const RegistryKey key(root_, path_);
     const Win32Handle changed = MakeManualResetEvent();
     bool asked = key && changed && stop_ && key.NotifyChange(changed.Get());
-    watching_.count_down();
+    watching_.set_value();
     if (!key) return notify_(PortWatchEvent::kOpenFailed);
     const std::array<HANDLE, 2> events = {stop_.Get(), changed.Get()};
     while (asked) {
@@ -86,7 +86,8 @@ class PortWatcherWin32 final : public PortWatcher {
   const std::function<void(PortWatchEvent)> notify_;
   const Win32Handle stop_;
   std::atomic<bool> ended_{false};
-  std::latch watching_{1};
+  // No std::latch: mingw-w64's may never wake who waits.
+  std::promise<void> watching_;
   std::thread thread_;
 };
 
