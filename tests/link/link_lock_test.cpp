@@ -12,6 +12,8 @@ namespace {
 
 TEST(LinkLock, ItsOwnerMayTakeItAgain) {
   LinkLock lock;
+  std::atomic<bool> waits{false};
+  lock.SetSliceHook([&] { waits = true; });
   lock.lock();
   lock.lock();
   lock.lock();
@@ -19,14 +21,11 @@ TEST(LinkLock, ItsOwnerMayTakeItAgain) {
   lock.unlock();
   // Still held: another gets it only after the last unlock.
   std::atomic<bool> released{false};
-  std::atomic<bool> started{false};
   std::thread other([&] {
-    started = true;
     const std::lock_guard guard(lock);
     EXPECT_TRUE(released);
   });
-  while (!started) std::this_thread::yield();
-  std::this_thread::yield();
+  while (!waits) std::this_thread::yield();
   released = true;
   lock.unlock();
   other.join();
@@ -57,10 +56,10 @@ TEST(LinkLock, ThreadsExcludeEachOther) {
 TEST(LinkLock, TheHookRunsWhileSomebodyWaitsAndThenOnly) {
   LinkLock lock;
   std::atomic<int> hooked{0};
-  std::atomic<bool> on_the_waiting_thread{true};
-  std::thread::id waiting;
+  std::atomic<bool> on_another_thread{true};
+  const std::thread::id self = std::this_thread::get_id();
   lock.SetSliceHook([&] {
-    if (std::this_thread::get_id() != waiting) on_the_waiting_thread = false;
+    if (std::this_thread::get_id() == self) on_another_thread = false;
     ++hooked;
   });
   lock.lock();
@@ -81,7 +80,7 @@ TEST(LinkLock, TheHookRunsWhileSomebodyWaitsAndThenOnly) {
   while (hooked < 3) std::this_thread::yield();
   lock.unlock();
   waiter.join();
-  EXPECT_TRUE(on_the_waiting_thread);
+  EXPECT_TRUE(on_another_thread) << "not on the owner's";
 }
 
 // A worker that takes the lock for exchange after exchange leaves a page its turn.
