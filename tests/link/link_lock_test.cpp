@@ -71,7 +71,6 @@ TEST(LinkLock, TheHookRunsWhileSomebodyWaitsAndThenOnly) {
   lock.lock();
   std::atomic<bool> started{false};
   std::thread waiter([&] {
-    waiting = std::this_thread::get_id();
     started = true;
     const std::lock_guard guard(lock);
   });
