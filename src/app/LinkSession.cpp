@@ -24,6 +24,22 @@ LinkSession::~LinkSession() {
   document_.PauseWorker(false);
 }
 
+ModbusResult LinkSession::WriteRegister(std::uint16_t reg, std::uint16_t value) {
+  const ModbusResult result = Link().WriteSingleRegister(ECU_SLAVE_ADDRESS, reg, value);
+  if (result == ModbusResult::kOk) Image().StoreRegister(reg, value);
+  return result;
+}
+
+ModbusResult LinkSession::WriteRegisters(std::uint16_t first,
+                                         std::span<const std::uint16_t> values) {
+  const ModbusResult result = Link().WriteMultipleRegisters(ECU_SLAVE_ADDRESS, first, values);
+  if (result != ModbusResult::kOk) return result;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    Image().StoreRegister(static_cast<std::uint16_t>(first + i), values[i]);
+  }
+  return result;
+}
+
 void LinkSession::WaitUntilIdle() {
   const Clock::TimePoint limit = document_.DocumentClock().Now() + kIdleLimit;
   while (!document_.WorkerIdle() && document_.DocumentClock().Now() < limit) {

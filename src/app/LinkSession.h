@@ -6,10 +6,16 @@
 
 #include <chrono>
 #include <cstdint>
+#include <span>
+#include <string_view>
 
 #include "app/ClpgecuDoc.h"
 
 namespace zelorgas {
+
+// What a person reads when a write of the configuration did not get through.
+inline constexpr std::string_view kParameterNotLoaded =
+    "The parameter could not be loaded into the target system!";
 
 class LinkSession {
  public:
@@ -29,6 +35,11 @@ class LinkSession {
 
   [[nodiscard]] ModbusSerialPort& Link() { return document_.Link(); }
   [[nodiscard]] EcuImage& Image() { return document_.Image(); }
+
+  // Write holding registers of the ECU with function 6 or 16; what it has taken is in the image
+  // then. On a failure the image keeps its words.
+  ModbusResult WriteRegister(std::uint16_t reg, std::uint16_t value);
+  ModbusResult WriteRegisters(std::uint16_t first, std::span<const std::uint16_t> values);
 
  private:
   void WaitUntilIdle();

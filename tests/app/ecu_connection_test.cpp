@@ -4,27 +4,12 @@
 #include "app/EcuConnection.h"
 #include "support/ConnectedDocument.h"
 #include "support/MemorySettings.h"
+#include "support/ScriptedBoxes.h"
 
 namespace zelorgas {
 namespace {
 
 using Outcome = EcuConnection::Outcome;
-
-// Answers as the test says and remembers what was said.
-class ScriptedBoxes final : public MessageBoxes {
- public:
-  bool answer = false;
-  std::vector<std::string> said;
-
-  void Inform(std::string_view text, MessageIcon icon) override {
-    said.push_back((icon == MessageIcon::kError ? "error: " : "note: ") + std::string(text));
-  }
-  bool Ask(std::string_view text) override {
-    said.push_back("question: " + std::string(text));
-    return answer;
-  }
-  void Status(std::string_view) override {}
-};
 
 class UpdateRecorder final : public FirmwareUpdate {
  public:

@@ -12,25 +12,12 @@
 #include <vector>
 
 #include "support/MemorySettings.h"
+#include "support/ScriptedBoxes.h"
 #include "ui/CMainFrame.h"
 #include "ui/FirmwareNotice.h"
 #include "ui/UiContext.h"
 
 namespace zelorgas {
-
-class BoxRecorder final : public MessageBoxes {
- public:
-  std::vector<std::string> informed;
-  std::vector<std::string> statuses;
-
-  void Inform(std::string_view text, MessageIcon) override { informed.emplace_back(text); }
-  bool Ask(std::string_view) override { return false; }
-  void Status(std::string_view text) override { statuses.emplace_back(text); }
-
-  [[nodiscard]] bool HasStatus(std::string_view text) const {
-    return std::ranges::find(statuses, text) != statuses.end();
-  }
-};
 
 class UiBench {
  public:
@@ -101,7 +88,7 @@ class UiBench {
   std::vector<SerialPortInfo> machine_ports;
   std::function<void(PortWatchEvent)> report_ports;
   QtStatusSink status;
-  BoxRecorder boxes;
+  ScriptedBoxes boxes;
   MemorySettings store;
   Settings settings{store};
   RecentFiles recent_files{store};

@@ -1,0 +1,35 @@
+// Message boxes that answer as the test says and remember what was said.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/MessageBoxes.h"
+
+namespace zelorgas {
+
+class ScriptedBoxes final : public MessageBoxes {
+ public:
+  bool answer = false;
+  std::vector<std::string> said;      // "error: ...", "note: ...", "question: ..."
+  std::vector<std::string> informed;  // the messages alone
+  std::vector<std::string> statuses;  // the status line
+
+  void Inform(std::string_view text, MessageIcon icon) override {
+    said.push_back((icon == MessageIcon::kError ? "error: " : "note: ") + std::string(text));
+    informed.emplace_back(text);
+  }
+  bool Ask(std::string_view text) override {
+    said.push_back("question: " + std::string(text));
+    return answer;
+  }
+  void Status(std::string_view text) override { statuses.emplace_back(text); }
+
+  [[nodiscard]] bool HasStatus(std::string_view text) const {
+    return std::ranges::find(statuses, text) != statuses.end();
+  }
+};
+
+}  // namespace zelorgas
