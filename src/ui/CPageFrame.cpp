@@ -1,11 +1,11 @@
 #include "ui/CPageFrame.h"
 
-#include <QVBoxLayout>
+#include <utility>
 
 namespace zelorgas {
 
-CPageFrame::CPageFrame(QWidget* page, QWidget* parent) : QWidget(parent), page_(page) {
-  setObjectName(page->objectName() + "_frame");
+CPageFrame::CPageFrame(PageMaker make, Needs needs, QWidget* parent)
+    : QWidget(parent), make_(std::move(make)), needs_(needs) {
   reason_ = new QLabel(this);
   reason_->setObjectName("disabled_reason");
   reason_->setTextFormat(Qt::PlainText);
@@ -15,16 +15,37 @@ CPageFrame::CPageFrame(QWidget* page, QWidget* parent) : QWidget(parent), page_(
   QFont bold = reason_->font();
   bold.setBold(true);
   reason_->setFont(bold);
-  auto* const layout = new QVBoxLayout(this);
-  layout->addWidget(reason_);
-  layout->addWidget(page_, 1);
-  Disable({});
+  layout_ = new QVBoxLayout(this);
+  layout_->addWidget(reason_);
 }
 
-void CPageFrame::Disable(const QString& reason) {
-  page_->setEnabled(reason.isEmpty());
+void CPageFrame::ShowLinkProblem(const QString& reason) {
+  problem_ = reason;
   reason_->setText(reason);
-  reason_->setVisible(!reason.isEmpty());
+  reason_->setVisible(!reason.isEmpty() && needs_ == Needs::kLink);
+  if (page_ == nullptr) return;
+  page_->setEnabled(needs_ == Needs::kNothing || reason.isEmpty());
+  page_->ShowLink(reason.isEmpty());
+}
+
+void CPageFrame::ShowImage() {
+  if (page_ != nullptr && isVisible()) page_->ShowImage();
+}
+
+void CPageFrame::ShowLive() {
+  if (page_ != nullptr && isVisible()) page_->ShowLive();
+}
+
+void CPageFrame::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (page_ == nullptr) MakePage();
+  page_->ShowImage();
+}
+
+void CPageFrame::MakePage() {
+  page_ = make_(this);
+  layout_->addWidget(page_, 1);
+  ShowLinkProblem(problem_);
 }
 
 }  // namespace zelorgas

@@ -1,8 +1,15 @@
-// Around a page that needs the ECU: disables it while the link is down, and says why above it.
+// A tab of the main view: makes its page when it is first shown, passes on what the page is to show
+// while it is visible, and disables a page that needs the ECU while the link is down, saying why
+// above it. User-interface thread.
 #pragma once
 
 #include <QLabel>
+#include <QVBoxLayout>
 #include <QWidget>
+#include <cstdint>
+#include <functional>
+
+#include "ui/CEcuPage.h"
 
 namespace zelorgas {
 
@@ -10,15 +17,32 @@ class CPageFrame final : public QWidget {
   Q_OBJECT
 
  public:
-  // Takes `page`.
-  explicit CPageFrame(QWidget* page, QWidget* parent = nullptr);
+  enum class Needs : std::uint8_t {
+    kLink,     // useless without an ECU
+    kNothing,  // disables by itself what needs one
+  };
+  // Makes the page as a child of the given widget; its object name is set.
+  using PageMaker = std::function<CEcuPage*(QWidget*)>;
 
-  // Disables the page and shows `reason`; an empty one enables it.
-  void Disable(const QString& reason);
+  CPageFrame(PageMaker make, Needs needs, QWidget* parent = nullptr);
+
+  // What keeps the ECU from being used, for people; empty when nothing does.
+  void ShowLinkProblem(const QString& reason);
+  void ShowImage();
+  void ShowLive();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
 
  private:
-  QWidget* page_;
+  void MakePage();
+
+  PageMaker make_;
+  const Needs needs_;
+  QString problem_;
+  CEcuPage* page_ = nullptr;
   QLabel* reason_;
+  QVBoxLayout* layout_;
 };
 
 }  // namespace zelorgas

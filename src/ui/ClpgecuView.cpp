@@ -2,6 +2,7 @@
 
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "ui/CTabStart.h"
 
@@ -41,15 +42,20 @@ ClpgecuView::ClpgecuView(UiContext& context, QWidget* parent) : QWidget(parent),
   answer_timer_.setInterval(kAnswerWatchMs);
   connect(&answer_timer_, &QTimer::timeout, this, &ClpgecuView::WatchAnswers);
   connect(&context_.control, &CEcuControl::StateChanged, this, &ClpgecuView::FollowControl);
+  // A procedure may have written something that another page shows.
+  connect(&context_.control, &CEcuControl::BusyChanged, this, [this](bool busy) {
+    if (!busy) ShowImage();
+  });
   context_.status.Box().SetReceiver(this);
 }
 
 ClpgecuView::~ClpgecuView() { context_.status.Box().SetReceiver(nullptr); }
 
-void ClpgecuView::AddEcuPage(QWidget* page, const QString& title) {
-  auto* const frame = new CPageFrame(page, tabs_);
-  frame->Disable(WhyPagesAreDisabled(link_state_));
-  ecu_pages_.push_back(frame);
+void ClpgecuView::AddPage(const QString& title, CPageFrame::Needs needs,
+                          CPageFrame::PageMaker make) {
+  auto* const frame = new CPageFrame(std::move(make), needs, tabs_);
+  frame->ShowLinkProblem(WhyPagesAreDisabled(link_state_));
+  pages_.push_back(frame);
   tabs_->addTab(frame, title);
 }
 
@@ -66,10 +72,14 @@ void ClpgecuView::OnCommStatus(CommStatus status) {
   switch (status) {
     case CommStatus::kLiveData:
       context_.counters.CountRound();
-      [[fallthrough]];
-    case CommStatus::kFullRead:
       live_strip_->MarkDirty();
       cylinder_strip_->MarkDirty();
+      emit LiveDataCame();
+      for (CPageFrame* const page : pages_) page->ShowLive();
+      return;
+    case CommStatus::kFullRead:
+      emit ImageRead();
+      ShowImage();
       return;
     case CommStatus::kEcuRestarted:
       context_.control.SynchronizeAfterRestart();
@@ -79,10 +89,14 @@ void ClpgecuView::OnCommStatus(CommStatus status) {
   }
 }
 
+void ClpgecuView::ShowImage() {
+  for (CPageFrame* const page : pages_) page->ShowImage();
+}
+
 void ClpgecuView::ShowLinkState(CommStatus status) {
   link_state_ = status;
   const QString reason = WhyPagesAreDisabled(status);
-  for (CPageFrame* const page : ecu_pages_) page->Disable(reason);
+  for (CPageFrame* const page : pages_) page->ShowLinkProblem(reason);
   for (CLiveStrip* const strip : {live_strip_, cylinder_strip_}) {
     if (status == CommStatus::kConnecting) strip->MarkStale();
     if (status == CommStatus::kNotConnected || status == CommStatus::kPortBusy) strip->Clear();

@@ -23,8 +23,8 @@ class ClpgecuView final : public QWidget {
   explicit ClpgecuView(UiContext& context, QWidget* parent = nullptr);
   ~ClpgecuView() override;
 
-  // Takes `page` as a tab that can be used only while the link is up. Its object name is set.
-  void AddEcuPage(QWidget* page, const QString& title);
+  // A tab whose page is made when it is first opened.
+  void AddPage(const QString& title, CPageFrame::Needs needs, CPageFrame::PageMaker make);
 
   [[nodiscard]] CTabStart& StartPage() { return *start_page_; }
   // kConnecting, kLinkUp, kPortBusy or kNotConnected: what was shown last.
@@ -35,6 +35,9 @@ class ClpgecuView final : public QWidget {
 
  signals:
   void LinkStateChanged();
+  // The worker has read the whole configuration, or the live values; the models take them.
+  void ImageRead();
+  void LiveDataCame();
 
  protected:
   // The status sink's post box has something.
@@ -42,6 +45,7 @@ class ClpgecuView final : public QWidget {
 
  private:
   void OnCommStatus(CommStatus status);
+  void ShowImage();
   void ShowLinkState(CommStatus status);
   void FollowControl();
   void WatchAnswers();
@@ -51,7 +55,7 @@ class ClpgecuView final : public QWidget {
   CLiveStrip* cylinder_strip_;
   QTabWidget* tabs_;
   CTabStart* start_page_;
-  std::vector<CPageFrame*> ecu_pages_;
+  std::vector<CPageFrame*> pages_;
   CommStatus link_state_ = CommStatus::kNotConnected;
   QTimer answer_timer_;  // while connected
   bool answering_ = true;

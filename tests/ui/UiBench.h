@@ -21,8 +21,9 @@ namespace zelorgas {
 
 class UiBench {
  public:
-  explicit UiBench(Clock& clock, std::string_view stored_port = kSimulatedPortName)
-      : simulated(clock, {}, {.paced = false}),
+  explicit UiBench(Clock& clock, std::string_view stored_port = kSimulatedPortName,
+                   SimulatedLineOptions line = {.paced = false})
+      : simulated(clock, {}, line),
         document(simulated.Opener([](const std::string&) { return nullptr; }), clock, status),
         counters(clock),
         control(document, boxes, store, firmware, counters),

@@ -53,11 +53,17 @@ TEST(Window, DisconnectingLeavesNothingBehind) {
 TEST(Window, APulledPlugDisablesThePagesAndHealsByItself) {
   FastClock clock;
   UiBench bench(clock);
-  auto* const page = new QWidget;
-  page->setObjectName("some_page");
-  bench.frame->View().AddEcuPage(page, "Some page");
+  CEcuPage* page = nullptr;
+  bench.frame->View().AddPage("Some page", CPageFrame::Needs::kLink,
+                              [&](QWidget* parent) { return page = new CEcuPage(parent); });
+  EXPECT_EQ(page, nullptr) << "made when it is needed";
+  auto& tabs = bench.Find<QTabWidget>("tabs");
+  tabs.setCurrentIndex(tabs.count() - 1);
+  ASSERT_NE(page, nullptr);
   EXPECT_FALSE(page->isEnabled());
+  tabs.setCurrentIndex(0);
   ASSERT_TRUE(bench.Connect());
+  tabs.setCurrentIndex(tabs.count() - 1);
   EXPECT_TRUE(page->isEnabled());
   EXPECT_TRUE(bench.Text("disabled_reason").empty());
 

@@ -1,0 +1,115 @@
+// Whether the window stays alive and what it costs: the real window in front of the simulated ECU
+// on the paced line, by the real clock, while a heartbeat measures how long its event loop was away
+// and getrusage what the process took, simulated ECU included. Prints each phase's longest gap and
+// the share of a core while connected; fails above a goal.
+#include <sys/resource.h>
+
+#include <QAction>
+#include <QTimer>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+
+#include "ui/UiBench.h"
+
+namespace {
+
+using namespace zelorgas;
+
+constexpr double kGapGoalMs = 50;
+constexpr double kCpuGoalPercent = 2;
+constexpr int kBeatMs = 5;
+
+double CpuMs() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  const auto ms = [](const timeval& t) {
+    return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_usec) / 1e3;
+  };
+  return ms(usage.ru_utime) + ms(usage.ru_stime);
+}
+
+class HeartBeat {
+ public:
+  explicit HeartBeat(const Clock& clock) : clock_(clock), last_(clock.Now()) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Beat(); });
+    timer_.start(kBeatMs);
+  }
+  // The longest gap of the phase that ends now; the wait for the beat itself is not one.
+  double EndPhase() {
+    Beat();
+    const double gap = std::chrono::duration<double, std::milli>(longest_).count();
+    longest_ = {};
+    return gap;
+  }
+
+ private:
+  void Beat() {
+    longest_ = std::max(longest_, clock_.Now() - last_);
+    last_ = clock_.Now();
+  }
+
+  const Clock& clock_;
+  Clock::TimePoint last_;
+  Clock::Duration longest_{};
+  QTimer timer_;
+};
+
+class Phases {
+ public:
+  Phases(const Clock& clock, bool& reached) : heart_(clock), reached_(reached) {}
+
+  void Run(const char* name, const std::function<void()>& work) {
+    heart_.EndPhase();
+    work();
+    const double gap = heart_.EndPhase();
+    const bool alive = gap <= kGapGoalMs;
+    reached_ &= alive;
+    std::printf("event loop: %-28s longest gap %5.1f ms   goal %.0f ms   %s\n", name, gap,
+                kGapGoalMs, alive ? "reached" : "MISSED");
+  }
+
+ private:
+  HeartBeat heart_;
+  bool& reached_;
+};
+
+int Run() {
+  const std::unique_ptr<Clock> clock = MakeSteadyClock();
+  UiBench bench(*clock, kSimulatedPortName, {});
+  QTest::qWait(500);
+  bool reached = true;
+  {
+    Phases phases(*clock, reached);
+    phases.Run("connecting", [&] { reached &= bench.Connect(); });
+    phases.Run("polling", [&] { QTest::qWait(3000); });
+    phases.Run("the ECU stops answering", [&] {
+      bench.Find<QAction>("unplug_ecu_action").trigger();
+      reached &= bench.WaitForState(UiBench::kConnecting);
+      QTest::qWait(3000);
+    });
+    phases.Run("disconnecting from it", [&] { bench.Click("connect_button"); });
+    phases.Run("connecting to a dead line", [&] { bench.Click("connect_button"); });
+    bench.Find<QAction>("unplug_ecu_action").trigger();
+    phases.Run("connecting again", [&] { reached &= bench.Connect(); });
+  }
+  const double before = CpuMs();
+  const Clock::TimePoint start = clock->Now();
+  QTest::qWait(8000);
+  const double wall = std::chrono::duration<double, std::milli>(clock->Now() - start).count();
+  const double share = 100 * (CpuMs() - before) / wall;
+  const bool idle = share <= kCpuGoalPercent;
+  std::printf("connected and idle: %.2f %% of a core, simulated ECU included   goal %.0f %%   %s\n",
+              share, kCpuGoalPercent, idle ? "reached" : "MISSED");
+  return reached && idle ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (getenv("DISPLAY") == nullptr) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  const QApplication qt(argc, argv);
+  return Run();
+}
