@@ -9,7 +9,7 @@ cd "$ROOT" || exit
 # The same on every machine: messages are read by people and compared by scripts.
 export LC_ALL=C.UTF-8
 
-BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev libqcustomplot-dev)
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" libgtest-dev libgmock-dev)
 
 CURRENT_STEP=start

@@ -1,0 +1,191 @@
+#include "ui/CPlot.h"
+
+#include <qcustomplot.h>
+
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QVBoxLayout>
+
+#include "ui/Colours.h"
+
+namespace zelorgas {
+namespace {
+
+constexpr double kZoomStep = 0.8;
+constexpr double kMoveStep = 0.1;  // of the range
+constexpr double kPictureScale = 2;
+constexpr int kPdfResolution = 96;
+
+}  // namespace
+
+CPlot::CPlot(const QString& object_name, const QString& accessible_name, QWidget* parent)
+    : QWidget(parent) {
+  setObjectName(object_name);
+  setAccessibleName(accessible_name);
+  plot_ = new QCustomPlot(this);
+  plot_->setObjectName(object_name + "_canvas");
+  // A live plot of many points: speed before smoothness.
+  plot_->setNotAntialiasedElements(QCP::aeAll);
+  plot_->setPlottingHint(QCP::phFastPolylines, true);
+  plot_->setNoAntialiasingOnDrag(true);
+  plot_->axisRect()->setRangeDrag(Qt::Horizontal);
+  plot_->axisRect()->setRangeZoom(Qt::Horizontal);
+  plot_->legend->setFont(font());
+  cursor_ = new QCPItemStraightLine(plot_);
+  cursor_->setVisible(false);
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(plot_);
+  setFocusProxy(nullptr);
+  setFocusPolicy(Qt::StrongFocus);
+  connect(plot_, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) {
+    if (plot_->axisRect()->rect().contains(event->pos())) {
+      emit PointedAt(plot_->xAxis->pixelToCoord(event->pos().x()));
+    }
+  });
+  connect(plot_, &QCustomPlot::mousePress, this, [this] { setFocus(Qt::MouseFocusReason); });
+  connect(plot_, &QCustomPlot::mouseDoubleClick, this, [this] { ResetRange(); });
+  FollowPalette();
+}
+
+void CPlot::SetAxisTitles(const QString& horizontal, const QString& vertical) {
+  plot_->xAxis->setLabel(horizontal);
+  plot_->yAxis->setLabel(vertical);
+}
+
+void CPlot::SetRange(double left, double right, double bottom, double top) {
+  left_ = left;
+  right_ = right;
+  bottom_ = bottom;
+  top_ = top;
+  ResetRange();
+}
+
+void CPlot::ShowLegend(bool show) { plot_->legend->setVisible(show); }
+
+std::size_t CPlot::AddCurve(const QString& name, const QColor& colour, bool dashed) {
+  QCPGraph* const curve = plot_->addGraph();
+  curve->setName(name);
+  // Wider pens than one pixel cost several times as much to draw.
+  curve->setPen(QPen(colour, 1, dashed ? Qt::DashLine : Qt::SolidLine));
+  curves_.push_back(curve);
+  return curves_.size() - 1;
+}
+
+void CPlot::SetPoints(std::size_t curve, const QVector<double>& x, const QVector<double>& y) {
+  curves_[curve]->setData(x, y, true);
+}
+
+void CPlot::ShowCurve(std::size_t curve, bool show) {
+  if (curves_[curve]->visible() == show) return;
+  curves_[curve]->setVisible(show);
+  Redraw();
+}
+
+void CPlot::SetCursor(std::optional<double> x) {
+  cursor_->setVisible(x.has_value());
+  if (x) {
+    cursor_->point1->setCoords(*x, 0);
+    cursor_->point2->setCoords(*x, 1);
+  }
+  Redraw();
+}
+
+void CPlot::SetInteractive(bool on) {
+  if (interactive_ == on) return;
+  interactive_ = on;
+  plot_->setInteraction(QCP::iRangeDrag, on);
+  plot_->setInteraction(QCP::iRangeZoom, on);
+  if (!on) ResetRange();
+}
+
+void CPlot::Redraw() {
+  dirty_ = !isVisible();
+  if (!dirty_) plot_->replot(QCustomPlot::rpQueuedReplot);
+}
+
+bool CPlot::SavePicture(const QString& path) {
+  if (!path.endsWith(".pdf", Qt::CaseInsensitive)) {
+    return plot_->toPixmap(0, 0, kPictureScale).save(path);
+  }
+  QPdfWriter writer(path);
+  writer.setResolution(kPdfResolution);
+  writer.setPageSize(
+      QPageSize(QSizeF(plot_->width(), plot_->height()) * 72 / kPdfResolution, QPageSize::Point));
+  writer.setPageMargins({});
+  QCPPainter painter;
+  if (!painter.begin(&writer)) return false;
+  painter.setMode(QCPPainter::pmVectorized);
+  painter.setMode(QCPPainter::pmNoCaching);
+  plot_->toPainter(&painter, plot_->width(), plot_->height());
+  return painter.end();
+}
+
+void CPlot::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) FollowPalette();
+}
+
+void CPlot::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (dirty_) Redraw();
+}
+
+void CPlot::keyPressEvent(QKeyEvent* event) {
+  if (!interactive_) return QWidget::keyPressEvent(event);
+  switch (event->key()) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      return Zoom(kZoomStep);
+    case Qt::Key_Minus:
+      return Zoom(1 / kZoomStep);
+    case Qt::Key_Left:
+      return Move(-kMoveStep);
+    case Qt::Key_Right:
+      return Move(kMoveStep);
+    case Qt::Key_Home:
+      return ResetRange();
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+void CPlot::FollowPalette() {
+  const QColor text = palette().color(QPalette::WindowText);
+  const QColor line = BorderColour(palette());
+  plot_->setBackground(CardColour(palette()));
+  for (QCPAxis* const axis : {plot_->xAxis, plot_->yAxis}) {
+    axis->setBasePen(QPen(text));
+    axis->setTickPen(QPen(text));
+    axis->setSubTickPen(QPen(line));
+    axis->setLabelColor(text);
+    axis->setTickLabelColor(text);
+    axis->grid()->setPen(QPen(line, 0, Qt::DotLine));
+    axis->grid()->setZeroLinePen(QPen(line));
+    axis->setLabelFont(font());
+    axis->setTickLabelFont(font());
+  }
+  plot_->legend->setBrush(CardColour(palette()));
+  plot_->legend->setBorderPen(QPen(line));
+  plot_->legend->setTextColor(text);
+  cursor_->setPen(QPen(text));
+  Redraw();
+}
+
+void CPlot::ResetRange() {
+  plot_->xAxis->setRange(left_, right_);
+  plot_->yAxis->setRange(bottom_, top_);
+  Redraw();
+}
+
+void CPlot::Zoom(double factor) {
+  plot_->xAxis->scaleRange(factor);
+  Redraw();
+}
+
+void CPlot::Move(double share_of_range) {
+  plot_->xAxis->moveRange(share_of_range * plot_->xAxis->range().size());
+  Redraw();
+}
+
+}  // namespace zelorgas

@@ -1,0 +1,77 @@
+// A plot of curves over one horizontal axis: the only place that knows the plotting library. It
+// follows the palette, draws nothing while hidden, and can be zoomed and moved by mouse and
+// keyboard where that is switched on. User-interface thread.
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QVector>
+#include <QWidget>
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+class QCustomPlot;
+class QCPGraph;
+class QCPItemStraightLine;
+
+namespace zelorgas {
+
+class CPlot final : public QWidget {
+  Q_OBJECT
+
+ public:
+  CPlot(const QString& object_name, const QString& accessible_name, QWidget* parent = nullptr);
+
+  void SetAxisTitles(const QString& horizontal, const QString& vertical);
+  // What the axes show when nobody has zoomed.
+  void SetRange(double left, double right, double bottom, double top);
+  void ShowLegend(bool show);
+
+  // Gives the number of the curve. `dashed` is for curves of the past.
+  std::size_t AddCurve(const QString& name, const QColor& colour, bool dashed = false);
+  // Points from left to right; drawn with the next Redraw.
+  void SetPoints(std::size_t curve, const QVector<double>& x, const QVector<double>& y);
+  void ShowCurve(std::size_t curve, bool show);
+
+  // A vertical line at `x`; nothing takes it away.
+  void SetCursor(std::optional<double> x);
+
+  // Wheel and drag, and the keys plus, minus, arrows and Home. Switching it off returns to the
+  // range.
+  void SetInteractive(bool on);
+
+  // Soon, and once however often it is called; not while the plot is hidden.
+  void Redraw();
+
+  // Saves what is shown; the ending tells the form: ".pdf", or a picture format. False when the
+  // file could not be written.
+  [[nodiscard]] bool SavePicture(const QString& path);
+
+ signals:
+  // The person points at this place of the horizontal axis.
+  void PointedAt(double x);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void FollowPalette();
+  void ResetRange();
+  void Zoom(double factor);
+  void Move(double share_of_range);
+
+  QCustomPlot* plot_;
+  QCPItemStraightLine* cursor_;
+  std::vector<QCPGraph*> curves_;
+  double left_ = 0;
+  double right_ = 1;
+  double bottom_ = 0;
+  double top_ = 1;
+  bool interactive_ = false;
+  bool dirty_ = true;
+};
+
+}  // namespace zelorgas
