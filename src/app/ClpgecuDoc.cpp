@@ -10,6 +10,7 @@ namespace {
 constexpr std::uint32_t kBaudRate = 19200;
 constexpr std::uint8_t kDataBits = 7;
 constexpr std::uint8_t kFirstPort = 1;
+constexpr std::chrono::milliseconds kOpenSlice{2};
 
 }  // namespace
 
@@ -27,6 +28,22 @@ ClpgecuDoc::ClpgecuDoc(SerialOpener opener, Clock& clock, StatusSink& status)
   });
 }
 
+bool ClpgecuDoc::OpenLink() {
+  // Some drivers, those of wireless adapters above all, take seconds.
+  std::atomic<bool> done{false};
+  bool open = false;
+  std::thread opener([&] {
+    open = link_.Open(0, 0, 255);
+    done = true;
+  });
+  while (!done) {
+    std::this_thread::sleep_for(kOpenSlice);
+    RunSliceHook();
+  }
+  opener.join();
+  return open;
+}
+
 ClpgecuDoc::~ClpgecuDoc() { StopWorker(); }
 
 EcuImage ClpgecuDoc::Snapshot() {
@@ -39,6 +56,14 @@ bool ClpgecuDoc::PrepareWorker() {
     Post(CommStatus::kPortBusy);
     return false;
   }
+  if (worker_.joinable() && finished_) worker_.join();
+  if (!worker_.joinable()) {
+    pause_ = false;
+    paused_ = false;
+    finished_ = false;
+    // Of an earlier connection.
+    static_cast<void>(live_records_.TakeAll());
+  }
   hold_.Reset();
   run_ = true;
   return true;
@@ -46,11 +71,7 @@ bool ClpgecuDoc::PrepareWorker() {
 
 bool ClpgecuDoc::StartWorker() {
   if (!PrepareWorker()) return false;
-  if (worker_.joinable() && !finished_) return true;
-  if (worker_.joinable()) worker_.join();
-  pause_ = false;
-  paused_ = false;
-  finished_ = false;
+  if (worker_.joinable()) return true;
   worker_ = std::thread([this] { CommWorker(*this).Run(); });
   return true;
 }
@@ -64,7 +85,7 @@ void ClpgecuDoc::TellWorkerToStop() {
 void ClpgecuDoc::StopWorker() {
   if (!worker_.joinable()) return;
   TellWorkerToStop();
-  // The worker ends within one exchange, whose waits all have an end.
+  // The worker ends after the exchange it is in and the coil's two, whose waits all have an end.
   while (!finished_) {
     clock_.Sleep(SerialDevice::kWaitSlice);
     RunSliceHook();

@@ -31,6 +31,10 @@ class ClpgecuDoc {
   [[nodiscard]] ModbusSerialPort& Link() { return link_; }
   [[nodiscard]] Clock& DocumentClock() const { return clock_; }
 
+  // Opens the link with its stored settings on a thread of its own, while the slice hook runs here;
+  // false as ModbusSerialPort::Open says it.
+  [[nodiscard]] bool OpenLink();
+
   // The image and its lock; the owner may lock again. Taken before the link's lock where both are
   // needed, and by the worker only to copy, never while it talks to the ECU.
   void ImageLock() { image_lock_.lock(); }

@@ -70,9 +70,18 @@ bool CommWorker::ReopenLostPort() {
   // Whatever is plugged in again may be another ECU, or this one after a loss of power.
   connected_ = false;
   failures_ = 0;
-  if (document_.link_.Open(0, 0, 255)) return true;
-  document_.clock_.Sleep(kReopenPause);
-  return false;
+  if (!document_.link_.Open(0, 0, 255)) {
+    document_.clock_.Sleep(kReopenPause);
+    return false;
+  }
+  document_.ClearRestartMarker();
+  EcuIdentity found;
+  found.software = document_.image_.software;
+  if (!ReadVersions(document_.link_, found).Ok()) return true;
+  const std::lock_guard guard(document_.image_lock_);
+  document_.image_.software = found.software;
+  document_.image_.hardware = found.hardware;
+  return true;
 }
 
 bool CommWorker::FullRead() {
@@ -83,32 +92,43 @@ bool CommWorker::FullRead() {
     document_.clock_.Sleep(kUnknownPause);
     return false;
   }
-  const auto store = [this](std::size_t offset, std::span<const std::uint16_t> words) {
-    const std::lock_guard guard(document_.image_lock_);
-    std::ranges::copy(words, document_.image_.block.begin() + static_cast<std::ptrdiff_t>(offset));
-  };
-  ModbusSerialPort& link = document_.link_;
-  if (ReadBlock(link, store) != ModbusResult::kOk) return true;
-  std::vector<std::uint16_t> status;
-  if (link.ReadInputRegisters(ECU_SLAVE_ADDRESS, kStatusFirstRegister, kStatusWords, status) !=
-      ModbusResult::kOk) {
-    return true;
-  }
-  std::vector<std::uint8_t> coils;
-  if (link.ReadCoils(ECU_SLAVE_ADDRESS, kFirstCoil,
-                     static_cast<std::uint16_t>(CoilCount(software.minor)),
-                     coils) != ModbusResult::kOk) {
-    return true;
-  }
-  {
-    const std::lock_guard guard(document_.image_lock_);
-    std::ranges::copy(status, document_.image_.status_words.begin());
-    document_.image_.coils.Store(coils);
-  }
+  // Reset before it is read: what is asked for meanwhile is asked for anew.
+  const bool asked = document_.refresh_.IsSet();
+  document_.refresh_.Reset();
+  const bool complete = ReadEverything();
+  if (!complete && asked) document_.RequestRefresh();
+  if (!complete) return true;
   if (!connected_) document_.Post(CommStatus::kLinkUp);
   document_.Post(CommStatus::kFullRead);
   connected_ = true;
-  document_.refresh_.Reset();
+  return true;
+}
+
+bool CommWorker::ReadEverything() {
+  ModbusSerialPort& link = document_.link_;
+  // A page that wants the link does not wait for the whole block, and what it writes is not
+  // overwritten by what was read before.
+  const auto wanted = [this] { return !document_.pause_ && document_.run_; };
+  const auto store = [&](std::size_t offset, std::span<const std::uint16_t> words) {
+    const std::lock_guard guard(document_.image_lock_);
+    if (!wanted()) return;
+    std::ranges::copy(words, document_.image_.block.begin() + static_cast<std::ptrdiff_t>(offset));
+  };
+  if (ReadBlock(link, store, wanted) != ModbusResult::kOk || !wanted()) return false;
+  std::vector<std::uint16_t> status;
+  if (link.ReadInputRegisters(ECU_SLAVE_ADDRESS, kStatusFirstRegister, kStatusWords, status) !=
+      ModbusResult::kOk) {
+    return false;
+  }
+  std::vector<std::uint8_t> coils;
+  if (link.ReadCoils(ECU_SLAVE_ADDRESS, kFirstCoil,
+                     static_cast<std::uint16_t>(CoilCount(document_.image_.software.minor)),
+                     coils) != ModbusResult::kOk) {
+    return false;
+  }
+  const std::lock_guard guard(document_.image_lock_);
+  std::ranges::copy(status, document_.image_.status_words.begin());
+  document_.image_.coils.Store(coils);
   return true;
 }
 
@@ -221,7 +241,10 @@ void CommWorker::HandleRestartFlag() {
   const bool seen_before = document_.restart_marker_.exchange(true);
   if (document_.image_.coils.Coil(kRestartCoil) != 1) return;
   const ModbusResult cleared = document_.link_.WriteSingleCoil(ECU_SLAVE_ADDRESS, kRestartCoil, 0);
-  if (cleared == ModbusResult::kOk && seen_before) document_.Post(CommStatus::kEcuRestarted);
+  // Without a full read there is nothing that could be written back.
+  if (cleared == ModbusResult::kOk && seen_before && connected_) {
+    document_.Post(CommStatus::kEcuRestarted);
+  }
 }
 
 }  // namespace zelorgas

@@ -27,6 +27,9 @@ class CommWorker {
   bool ReopenLostPort();
   // False when the round ends here: an ECU too new for this program is not polled.
   bool FullRead();
+  // Block, status words and coils into the image. False when one of them failed, or somebody wants
+  // the link.
+  bool ReadEverything();
   void Poll();
   void PollFifo();
   void PollBlockA();

@@ -4,10 +4,11 @@
 #include <cstdio>
 #include <mutex>
 
+#include "app/PortListModel.h"
+
 namespace zelorgas {
 namespace {
 
-constexpr std::string_view kPortBusy = "Sorry! The specified COM port is busy!";
 constexpr std::string_view kNewerFirmware =
     "You have got a newer firmware version!\nPlease install the latest ZelorGAS version to get "
     "installed controller supported.";
@@ -39,10 +40,18 @@ EcuConnection::EcuConnection(ClpgecuDoc& document, MessageBoxes& boxes, Settings
     : document_(document), boxes_(boxes), settings_(settings), update_(update) {}
 
 EcuConnection::Outcome EcuConnection::Connect(bool start_worker) {
+  const Outcome identified = Identify(/*offer_update=*/true);
+  if (identified != Outcome::kConnected) return identified;
+  document_.ClearRestartMarker();
+  if (start_worker && !document_.StartWorker()) return Fail(kPortBusy);
+  return Outcome::kConnected;
+}
+
+EcuConnection::Outcome EcuConnection::Identify(bool offer_update) {
   identity_ = {};
   failure_result_ = ModbusResult::kOk;
   ModbusSerialPort& link = document_.Link();
-  if (!link.Open(0, 0, 255)) return Fail(kPortBusy);
+  if (!link.IsOpen() && !document_.OpenLink()) return Fail(kPortBusy);
   EcuIdentity found;
   if (const auto step = ReadBasicIdentification(link, found); !step.Ok()) return Fail(step);
   StorePort();
@@ -54,13 +63,14 @@ EcuConnection::Outcome EcuConnection::Connect(bool start_worker) {
   if (const auto step = ReadVersions(link, found); !step.Ok()) return Fail(step);
   identity_ = found;
   KeepVersions();
-  if (const Outcome gate = CheckVersion(); gate != Outcome::kConnected) return gate;
+  const Gate gate = CheckVersion(offer_update);
+  if (gate.outcome != Outcome::kConnected) return gate.outcome;
+  // The ECU may be another one than before the update that was offered.
+  if (gate.identify_again) return Identify(/*offer_update=*/false);
   if (const auto step = ReadSerialNumber(link, identity_); !step.Ok()) return Fail(step);
   if (const auto step = ReadBoardInformation(link, identity_); !step.Ok()) {
     return Fail(step);
   }
-  document_.ClearRestartMarker();
-  if (start_worker && !document_.StartWorker()) return Fail(kPortBusy);
   return Outcome::kConnected;
 }
 
@@ -88,6 +98,8 @@ EcuConnection::Outcome EcuConnection::StartUpdate(bool in_bootloader) {
 
 void EcuConnection::StorePort() {
   const ModbusSerialPort& link = document_.Link();
+  // Next time the person means the car's.
+  if (link.PortName() == kSimulatedPortName) return;
   settings_.WriteString(
       kSettingsSection, kPortKey,
       link.PortName().empty() ? "COM" + std::to_string(link.PortNumber()) : link.PortName());
@@ -107,11 +119,11 @@ void EcuConnection::KeepVersions() {
   document_.ImageUnlock();
 }
 
-EcuConnection::Outcome EcuConnection::CheckVersion() {
+EcuConnection::Gate EcuConnection::CheckVersion(bool offer_update) {
   const Version found = identity_.software;
-  if (found > kNewestSupported) return Fail(kNewerFirmware);
+  if (found > kNewestSupported) return {Fail(kNewerFirmware)};
   const bool supported = found >= kOldestSupported;
-  if (found.minor >= kWithoutOffer) return Outcome::kConnected;
+  if (supported && (found.minor >= kWithoutOffer || !offer_update)) return {Outcome::kConnected};
   std::string question(kObsoleteFirmware);
   if (!supported) question += "\n" + RequiredVersionText(found);
   question += "\n" + std::string(kReplaceQuestion);
@@ -119,11 +131,11 @@ EcuConnection::Outcome EcuConnection::CheckVersion() {
   if (supported) {
     // With a firmware that still works the connection goes on either way.
     if (update) update_.Start(false);
-    return Outcome::kConnected;
+    return {.outcome = Outcome::kConnected, .identify_again = update};
   }
-  if (update) return StartUpdate(false);
+  if (update) return {StartUpdate(false)};
   document_.Link().Close();
-  return Outcome::kDeclined;
+  return {Outcome::kDeclined};
 }
 
 }  // namespace zelorgas

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/ClpgecuDoc.h"
@@ -14,12 +15,14 @@
 
 namespace zelorgas {
 
+inline constexpr std::string_view kPortBusy = "Sorry! The specified COM port is busy!";
+
 // What takes over when the ECU sits in its bootloader or the person wants newer firmware in it.
 class FirmwareUpdate {
  public:
   virtual ~FirmwareUpdate() = default;
   // `in_bootloader`: the ECU already runs its bootloader and has been told to stay there (coil 2).
-  // The port is open; who updates closes it.
+  // Returns when the update has ended, well or not. The port is open; who updates may close it.
   virtual void Start(bool in_bootloader) = 0;
 };
 
@@ -55,8 +58,14 @@ class EcuConnection {
   Outcome Fail(const IdentifyOutcome& step);
   Outcome StartUpdate(bool in_bootloader);
   void StorePort();
-  // The firmware versions that this program works with. kConnected: go on.
-  Outcome CheckVersion();
+  // Opens the port if it is not open and asks the ECU who it is, up to where a worker can start.
+  Outcome Identify(bool offer_update);
+  struct Gate {
+    Outcome outcome;  // kConnected: go on
+    bool identify_again = false;
+  };
+  // The firmware versions that this program works with.
+  Gate CheckVersion(bool offer_update);
   Outcome EnterBootloader();
   void KeepVersions();
 

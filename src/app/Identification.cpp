@@ -11,12 +11,13 @@ namespace {
 
 constexpr std::string_view kNoConnection =
     "Couldn't establish connection with GASECU!\nPlease check out cables and power supply!";
-constexpr std::string_view kNoTargetInfo = "Couldn't get target application info!";
 constexpr std::string_view kWrongVendor = "Unrecognized Vendor Name!";
 constexpr std::string_view kWrongProduct = "Unrecognized Product Code!";
 constexpr std::string_view kNoRevision = "Could not get revision number!";
 constexpr std::string_view kNoBoardInformation =
     "Error while loading installation information!\nPlease try again!";
+
+constexpr std::string_view kBootloaderRevision = "P%uV%uT%uM%uB%u";
 
 constexpr std::size_t kBasicObjects = 3;
 constexpr std::uint8_t kFirstBoardInformationMinor = 20;
@@ -92,7 +93,7 @@ std::optional<Revision> ParseRevision(std::string_view text) {
   if (const auto four = ScanNumbers<4>(text, "SV %u.%u@HV %u.%u")) {
     software = MakeVersion((*four)[0], (*four)[1]);
     hardware = MakeVersion((*four)[2], (*four)[3]);
-  } else if (const auto five = ScanNumbers<5>(text, "P%uV%uT%uM%uB%u")) {
+  } else if (const auto five = ScanNumbers<5>(text, kBootloaderRevision)) {
     software = MakeVersion((*five)[1], (*five)[2]);
   }
   if (!software || !hardware) return std::nullopt;
@@ -130,6 +131,16 @@ IdentifyOutcome ReadModel(ModbusMaster& master, EcuIdentity& identity) {
       ECU_SLAVE_ADDRESS, kRegularIdentification, kModelObject, answer);
   if (result != ModbusResult::kOk || answer.objects.empty()) return {result, kNoTargetInfo};
   identity.bootloader = answer.objects.front() == kBootloaderModel;
+  return {};
+}
+
+IdentifyOutcome ReadBootloaderIdentification(ModbusMaster& master, EcuIdentity& identity) {
+  EcuIdentity found;
+  if (const IdentifyOutcome step = ReadBasicIdentification(master, found); !step.Ok()) return step;
+  if (const IdentifyOutcome step = ReadModel(master, found); !step.Ok()) return step;
+  if (!found.bootloader) return {ModbusResult::kOk, kNoTargetInfo};
+  if (!ScanNumbers<5>(found.revision, kBootloaderRevision)) return {ModbusResult::kOk, kNoRevision};
+  identity = std::move(found);
   return {};
 }
 

@@ -18,6 +18,8 @@ inline constexpr std::string_view kVendorName = "Tarnwick Ltd.";
 inline constexpr std::string_view kProductCode = "Petrol<=>GAS ECU Conversion kit";
 inline constexpr std::string_view kBootloaderModel = "Bootloader";
 
+inline constexpr std::string_view kNoTargetInfo = "Couldn't get target application info!";
+
 inline constexpr std::uint8_t kBasicIdentification = 1;    // objects 0 to 2
 inline constexpr std::uint8_t kRegularIdentification = 2;  // objects 3 and up
 inline constexpr std::uint8_t kModelObject = 3;
@@ -73,6 +75,9 @@ struct [[nodiscard]] IdentifyOutcome {
 IdentifyOutcome ReadBasicIdentification(ModbusMaster& master, EcuIdentity& identity);
 // Sets `bootloader` by the model text.
 IdentifyOutcome ReadModel(ModbusMaster& master, EcuIdentity& identity);
+// Both, of an ECU that has to be in its bootloader: its model and the form of its revision have to
+// be the bootloader's.
+IdentifyOutcome ReadBootloaderIdentification(ModbusMaster& master, EcuIdentity& identity);
 // Hardware and software version from the input registers. An ECU whose revision text is older than
 // 0.12, or not of major version 0, does not say its hardware version there: then only the
 // hardware's major byte is cleared and its minor byte is left as it was.

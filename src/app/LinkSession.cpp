@@ -14,6 +14,9 @@ LinkSession::LinkSession(ClpgecuDoc& document, Wait wait) : document_(document) 
   document_.PauseWorker(true);
   if (wait != Wait::kGrace) WaitUntilIdle();
   if (wait != Wait::kIdle) document_.SleepSliced(kGracePeriod);
+  // As a rule the grace is longer than the exchange that the worker was in; after one that fails
+  // and pauses it is not.
+  if (wait == Wait::kGrace) WaitUntilIdle();
   document_.ImageLock();
   document_.Link().SetAttemptCount(kAttempts);
 }

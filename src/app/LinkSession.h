@@ -22,7 +22,7 @@ class LinkSession {
   // What has to pass between the request to pause and the first exchange.
   enum class Wait : std::uint8_t {
     kIdle,          // the worker reports that it is held
-    kGrace,         // 250 ms
+    kGrace,         // 250 ms, and what the worker then still needs for its exchange
     kIdleAndGrace,  // both, one after the other
   };
   static constexpr std::chrono::milliseconds kGracePeriod{250};

@@ -23,7 +23,6 @@ std::string ChangeText(bool fewer) {
 PortListModel::PortListModel(Lister list, std::string_view selected)
     : list_(std::move(list)), selected_(selected) {
   ReadList();
-  if (selected_.empty()) selected_ = entries_.front().name;
 }
 
 std::optional<std::size_t> PortListModel::Selected() const {
@@ -56,6 +55,7 @@ std::optional<PortNotice> PortListModel::OnWatchEvent(PortWatchEvent event, bool
 void PortListModel::ReadList() {
   entries_.clear();
   for (const SerialPortInfo& port : list_()) entries_.push_back({port.name, TextOf(port)});
+  if (selected_.empty() && !entries_.empty()) selected_ = entries_.front().name;
   entries_.push_back({std::string(kSimulatedPortName), std::string(kSimulatedText)});
 }
 

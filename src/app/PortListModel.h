@@ -35,7 +35,7 @@ class PortListModel {
   using Lister = std::function<std::vector<SerialPortInfo>()>;
 
   // Lists the ports. `selected`, the port used last, is selected once it is there; when it is empty
-  // the first entry is.
+  // the first port of the machine is.
   PortListModel(Lister list, std::string_view selected);
 
   [[nodiscard]] const std::vector<PortEntry>& Entries() const { return entries_; }
@@ -62,7 +62,7 @@ class PortListModel {
 
   const Lister list_;
   std::vector<PortEntry> entries_;  // never empty
-  std::string selected_;            // name of an entry, or of a port that is not there
+  std::string selected_;            // name of an entry, or of a port that is not there; or empty
 };
 
 }  // namespace zelorgas

@@ -20,9 +20,11 @@ ModbusResult ForEachChunk(Transfer transfer) {
 
 }  // namespace
 
-ModbusResult ReadBlock(ModbusMaster& master, const ChunkDone& store) {
+ModbusResult ReadBlock(ModbusMaster& master, const ChunkDone& store,
+                       const std::function<bool()>& keep_going) {
   std::vector<std::uint16_t> words;
   return ForEachChunk([&](std::size_t offset, std::size_t count) {
+    if (keep_going && !keep_going()) return ModbusResult::kLockTimeOut;
     const ModbusResult result = master.ReadHoldingRegisters(
         ECU_SLAVE_ADDRESS, RegisterOfWord(offset), static_cast<std::uint16_t>(count), words);
     if (result == ModbusResult::kOk && store) store(offset, words);

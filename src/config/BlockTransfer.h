@@ -18,7 +18,9 @@ using ChunkDone = std::function<void(std::size_t offset, std::span<const std::ui
 
 // Reads the block chunk by chunk. The first failed request abandons the read with its result;
 // chunks that came before it have been handed over and stay.
-ModbusResult ReadBlock(ModbusMaster& master, const ChunkDone& store);
+// So does `keep_going`, asked before each request, when it says no: with kLockTimeOut.
+ModbusResult ReadBlock(ModbusMaster& master, const ChunkDone& store,
+                       const std::function<bool()>& keep_going = {});
 
 // Writes the block chunk by chunk. The first failed request stops the write with its result; `done`
 // has seen the chunks that the ECU took.

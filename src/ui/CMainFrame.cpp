@@ -200,6 +200,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  close_wanted_ = false;
   context_.control.Disconnect();
   SaveLayout();
   event->accept();

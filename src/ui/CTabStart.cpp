@@ -141,8 +141,9 @@ void CTabStart::ShowPorts() {
   port_list_->clear();
   for (const PortEntry& port : context_.ports.Entries()) port_list_->addItem(ToQString(port.text));
   const std::optional<std::size_t> selected = context_.ports.Selected();
-  port_list_->setPlaceholderText(
-      tr("%1 (not plugged in)").arg(ToQString(context_.ports.SelectedName())));
+  const QString name = ToQString(context_.ports.SelectedName());
+  port_list_->setPlaceholderText(name.isEmpty() ? tr("Choose a port")
+                                                : tr("%1 (not plugged in)").arg(name));
   port_list_->setCurrentIndex(selected ? static_cast<int>(*selected) : -1);
 }
 

@@ -9,7 +9,7 @@
 namespace zelorgas {
 namespace {
 
-constexpr int kAnswerWatchMs = 400;
+constexpr int kAnswerWatchMs = 100;
 
 }  // namespace
 
@@ -78,6 +78,8 @@ void ClpgecuView::OnCommStatus(CommStatus status) {
       for (CPageFrame* const page : pages_) page->ShowLive();
       return;
     case CommStatus::kFullRead:
+      live_strip_->MarkDirty();
+      cylinder_strip_->MarkDirty();
       emit ImageRead();
       ShowImage();
       return;

@@ -46,9 +46,8 @@ TEST_F(StartPage, ListsThePortsAndTheSimulatedEcuLast) {
   EXPECT_FALSE(model.IsSimulatedSelected());
 }
 
-TEST_F(StartPage, WithoutStoredPortSelectsTheFirstEntry) {
-  EXPECT_TRUE(Open("").IsSimulatedSelected());
-  EXPECT_EQ(Open("").PortCount(), 0U);
+TEST_F(StartPage, WithoutStoredPortSelectsTheFirstRealOne) {
+  EXPECT_EQ(Open("").Selected(), std::nullopt);
   SetPorts({{"COM2", ""}, {"COM3", ""}});
   EXPECT_EQ(Open("").SelectedName(), "COM2");
 }
