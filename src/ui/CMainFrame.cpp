@@ -29,6 +29,8 @@ CMainFrame::CMainFrame(UiContext& context) : context_(context) {
   setWindowTitle(ToQString(WindowTitle(tr("Untitled").toStdString())));
   view_ = new ClpgecuView(context_, this);
   setCentralWidget(view_);
+  models_ = std::make_unique<PageModels>(context_, *view_);
+  MakePages();
   status_line_ = new CStatusLine(context_, this);
   statusBar()->addPermanentWidget(status_line_, 1);
   MakeFileMenu();
@@ -60,6 +62,9 @@ QAction* CMainFrame::AddAction(QMenu* menu, const QString& object_name, const QS
   action->setStatusTip(QString());
   return action;
 }
+
+// In the order of the tabs.
+void CMainFrame::MakePages() {}
 
 void CMainFrame::MakeFileMenu() {
   QMenu* const menu = menuBar()->addMenu(tr("&File"));

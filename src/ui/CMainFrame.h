@@ -5,10 +5,12 @@
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
+#include <memory>
 #include <string>
 
 #include "ui/CStatusLine.h"
 #include "ui/ClpgecuView.h"
+#include "ui/PageModels.h"
 #include "ui/UiContext.h"
 
 namespace zelorgas {
@@ -35,6 +37,7 @@ class CMainFrame final : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void MakePages();
   void MakeFileMenu();
   void MakeEcuMenu();
   void MakeViewMenu();
@@ -51,6 +54,7 @@ class CMainFrame final : public QMainWindow {
 
   UiContext& context_;
   ClpgecuView* view_;
+  std::unique_ptr<PageModels> models_;
   CStatusLine* status_line_;
   QAction* connect_action_ = nullptr;
   QAction* disconnect_action_ = nullptr;
