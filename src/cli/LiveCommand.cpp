@@ -53,7 +53,8 @@ class LiveView {
         return ShowValues();
       case CommStatus::kConnecting:
         // The first one only says that the worker has begun.
-        if (link_ == Link::kUp || link_ == Link::kComing) session_.Message("link lost");
+        if (link_ == Link::kUp) session_.Message("link lost");
+        if (link_ == Link::kComing) session_.Message("the configuration could not be read yet");
         link_ = link_ == Link::kNone ? Link::kComing : Link::kLost;
         return true;
       case CommStatus::kLinkUp:

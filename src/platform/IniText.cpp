@@ -114,6 +114,9 @@ std::string ReadValue(std::string_view written) {
 }  // namespace
 
 std::optional<IniText> IniText::Parse(std::string_view text) {
+  // Editors of some systems put it in front of everything.
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   IniText ini;
   while (!text.empty()) {
     const std::string_view line = text.substr(0, text.find('\n'));

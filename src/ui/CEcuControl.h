@@ -36,7 +36,7 @@ class CEcuControl final : public QObject {
   [[nodiscard]] State CurrentState() const { return state_; }
   // True while a procedure runs; buttons that would start another are disabled then.
   [[nodiscard]] bool Busy() const { return busy_; }
-  // Empty texts unless connected.
+  // Of the last connection attempt, as far as the ECU said it; empty texts after a disconnection.
   [[nodiscard]] const EcuIdentity& Identity() const { return connection_.Identity(); }
   // As the person knows it; empty when none was ever opened.
   [[nodiscard]] const QString& PortText() const { return port_text_; }

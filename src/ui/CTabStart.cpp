@@ -117,9 +117,13 @@ void CTabStart::OnPortWatch(PortWatchEvent event) {
   const std::optional<PortNotice> notice = context_.ports.OnWatchEvent(event, connected);
   ShowPorts();
   ShowState();
-  if (!notice) return;
-  context_.control.WhenIdle(
-      [this, notice = *notice] { context_.boxes.Inform(notice.text, notice.icon); });
+  // One box at a time: a plug with a bad contact would pile them up.
+  if (!notice || notice_open_) return;
+  notice_open_ = true;
+  context_.control.WhenIdle([this, notice = *notice] {
+    context_.boxes.Inform(notice.text, notice.icon);
+    notice_open_ = false;
+  });
 }
 
 void CTabStart::SelectPort(std::string_view name) {

@@ -53,6 +53,7 @@ class CTabStart final : public QWidget {
   CEcuCard* ecu_card_ = nullptr;
   PostBox<PortWatchEvent> reports_;
   std::unique_ptr<PortWatcher> watcher_;  // its thread posts into reports_
+  bool notice_open_ = false;
 };
 
 }  // namespace zelorgas
