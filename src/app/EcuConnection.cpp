@@ -43,6 +43,7 @@ EcuConnection::Outcome EcuConnection::Connect(bool start_worker) {
   const Outcome identified = Identify(/*offer_update=*/true);
   if (identified != Outcome::kConnected) return identified;
   document_.ClearRestartMarker();
+  if (start_worker && identified_hook_) identified_hook_();
   if (start_worker && !document_.StartWorker()) return Fail(kPortBusy);
   return Outcome::kConnected;
 }

@@ -4,8 +4,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "app/ClpgecuDoc.h"
@@ -42,6 +44,10 @@ class EcuConnection {
   // the port stays open and no polling begins (the command line asks and leaves).
   Outcome Connect(bool start_worker = true);
 
+  // What the program wants from an ECU that has just been identified, such as its errors: runs once
+  // a connection, while the port is open and before the worker starts.
+  void SetIdentifiedHook(std::function<void()> hook) { identified_hook_ = std::move(hook); }
+
   // Stops the worker and closes the port.
   void Disconnect();
 
@@ -61,7 +67,7 @@ class EcuConnection {
   // Opens the port if it is not open and asks the ECU who it is, up to where a worker can start.
   Outcome Identify(bool offer_update);
   struct Gate {
-    Outcome outcome;  // kConnected: go on
+    Outcome outcome = Outcome::kConnected;  // kConnected: go on
     bool identify_again = false;
   };
   // The firmware versions that this program works with.
@@ -73,6 +79,7 @@ class EcuConnection {
   MessageBoxes& boxes_;
   SettingsStore& settings_;
   FirmwareUpdate& update_;
+  std::function<void()> identified_hook_;
   EcuIdentity identity_;
   ModbusResult failure_result_ = ModbusResult::kOk;
 };

@@ -1,0 +1,84 @@
+#include "errors/ErrorLog.h"
+
+#include <optional>
+#include <vector>
+
+namespace zelorgas {
+namespace {
+
+// The coil that erases both banks, by the firmware identification byte.
+std::optional<std::uint16_t> EraseCoil(char identification) {
+  switch (identification) {
+    case '$':
+    case '&':
+      return 61;
+    case '\'':
+      return 66;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+ModbusResult ErrorLog::ReadErrors() {
+  sheet_.clear();
+  ModbusResult failure = ModbusResult::kOk;
+  {
+    LinkSession session(document_, LinkSession::Wait::kGrace);
+    for (const ErrorBank bank : {ErrorBank::kTemporary, ErrorBank::kPermanent}) {
+      const ModbusResult result = ReadBank(session, bank);
+      if (failure == ModbusResult::kOk) failure = result;
+    }
+  }
+  if (failure != ModbusResult::kOk) {
+    boxes_.Inform(document_.Link().ErrorText(failure), MessageIcon::kError);
+  }
+  return failure;
+}
+
+ModbusResult ErrorLog::ReadBank(LinkSession& session, ErrorBank bank) {
+  const auto codes = static_cast<std::uint16_t>(ErrorDefinitions(bank).size());
+  std::vector<std::uint16_t> counts;
+  const ModbusResult result = session.Link().ReadHoldingRegisters(
+      ECU_SLAVE_ADDRESS, FirstErrorRegister(bank), codes, counts);
+  if (result != ModbusResult::kOk) return result;
+  for (std::uint16_t code = 0; code < codes; ++code) {
+    if (counts[code] != 0) sheet_.Page(bank).addError(code, counts[code]);
+  }
+  return result;
+}
+
+bool ErrorLog::DeleteError(std::uint16_t code, ErrorBank bank) {
+  // Past the end of a bank lie registers of something else.
+  if (FindErrorDefinition(bank, code) == nullptr) return FailRequest();
+  const auto reg = static_cast<std::uint16_t>(FirstErrorRegister(bank) + code);
+  if (LinkSession(document_, LinkSession::Wait::kGrace).WriteRegister(reg, 0) !=
+      ModbusResult::kOk) {
+    return FailRequest();
+  }
+  sheet_.Page(bank).removeError(code);
+  return true;
+}
+
+bool ErrorLog::DeleteAllErrors() {
+  if (!EraseBanks()) return FailRequest();
+  sheet_.clear();
+  return true;
+}
+
+bool ErrorLog::EraseBanks() {
+  LinkSession session(document_, LinkSession::Wait::kGrace);
+  const auto coil = EraseCoil(session.Image().FirmwareIdentification());
+  if (!coil) return false;
+  // The ECU erases when the coil goes on; that it was off before is not worth a failure.
+  static_cast<void>(session.Link().WriteSingleCoil(ECU_SLAVE_ADDRESS, *coil, 0));
+  return session.Link().WriteSingleCoil(ECU_SLAVE_ADDRESS, *coil, 1) == ModbusResult::kOk;
+}
+
+bool ErrorLog::FailRequest() {
+  boxes_.Inform(ErrorText(kErrorRequestFailedText), MessageIcon::kError);
+  return false;
+}
+
+}  // namespace zelorgas

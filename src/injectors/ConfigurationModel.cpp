@@ -1,0 +1,149 @@
+#include "injectors/ConfigurationModel.h"
+
+#include "app/LinkSession.h"
+
+namespace zelorgas {
+namespace {
+
+constexpr std::uint16_t kSwitchSensorType = 0;  // PRESSURE_SENSOR_TPYE of an on/off switch
+constexpr std::uint16_t kTenthsOfOneMillimetre = 10;
+constexpr unsigned kSmallestEngineCc = 500;  // what counts as entered lies above
+
+std::uint16_t ValueOf(const EcuImage& image, std::string_view name) {
+  return GetParameter(image.block, *FindParameter(name));
+}
+
+}  // namespace
+
+std::string NozzleField::Text() const {
+  if (!enabled) return "---";
+  return std::to_string(tenths_mm / 10) + "." + std::to_string(tenths_mm % 10);
+}
+
+void ConfigurationModel::TakeFromImage() {
+  const EcuImage image = document_.Snapshot();
+  for (const ChoiceList list : kChoiceLists) {
+    const auto entry = EntryOfValue(list, GetParameter(image.block, ParameterOf(list)));
+    const int index = entry ? static_cast<int>(*entry) : kNothingSelected;
+    State(list) = {index, index};
+  }
+  switch_mode_ = ValueOf(image, "PRESSURE_SENSOR_TPYE") == kSwitchSensorType;
+  if (switch_mode_) {
+    const std::uint16_t index = ValueOf(image, "ONOFF_PRESSURE_SENSOR_TPYE");
+    if (index < GasPressureSensors().count()) {
+      State(ChoiceList::kGasPressureSensor) = {index, index};
+    }
+  }
+  pressure_indicator_end_ = PressureIndicatorMaximum(ValueOf(image, "PGASMAX"));
+  ShowLambdaAxis(Shown(ChoiceList::kLambdaRange));
+  refreshNozzleDiameter(kFromRegisterCopy);
+}
+
+ConfigurationModel::Outcome ConfigurationModel::Select(ChoiceList list, int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= EntryNames(list).size()) {
+    return Outcome::kNothing;
+  }
+  const auto entry = static_cast<std::size_t>(index);
+  const EcuImage image = document_.Snapshot();
+  const ChoiceContext context{image.FirmwareIdentification(), switch_mode_,
+                              ValueOf(image, "LAMBDA_INVERSE") != 0};
+  const std::vector<RegisterWrite> writes = WritesOf(list, entry, context);
+  if (writes.empty()) {
+    State(list).shown = Applied(list);
+    return Outcome::kPutBack;
+  }
+  State(list).shown = index;
+  // The axis follows the list whether or not the ECU does.
+  if (list == ChoiceList::kLambdaRange) ShowLambdaAxis(index);
+  if (!Write(writes)) return Outcome::kFailed;
+  State(list).applied = index;
+  AfterWriting(list, entry);
+  return Outcome::kWritten;
+}
+
+void ConfigurationModel::AfterWriting(ChoiceList list, std::size_t entry) {
+  if (list == ChoiceList::kInjectorType) refreshNozzleDiameter(kFromRegisterCopy);
+  if (list == ChoiceList::kGasPressureSensor && !switch_mode_) {
+    pressure_indicator_end_ = PressureIndicatorMaximum(GasPressureSensors().at(entry)->full_scale);
+  }
+}
+
+bool ConfigurationModel::Write(const std::vector<RegisterWrite>& writes) {
+  const auto write_all = [&] {
+    LinkSession session(document_, LinkSession::Wait::kGrace);
+    for (const RegisterWrite& write : writes) {
+      if (session.WriteRegister(write.reg, write.value) != ModbusResult::kOk) return false;
+    }
+    return true;
+  };
+  if (write_all()) return true;
+  boxes_.Inform(kParameterNotLoaded, MessageIcon::kError);
+  return false;
+}
+
+bool ConfigurationModel::WriteParameter(const Parameter& parameter, std::uint16_t value) {
+  const std::uint16_t word = document_.Snapshot().RegisterCopy(parameter.Register());
+  if (!Write({{parameter.Register(), parameter.PutInto(word, value)}})) return false;
+  if (parameter.name == "NOZZLEDIAM") refreshNozzleDiameter(kFromRegisterCopy);
+  return true;
+}
+
+std::uint16_t ConfigurationModel::Value(const Parameter& parameter) const {
+  return GetParameter(document_.Snapshot().block, parameter);
+}
+
+const InjectorTypeRecord* ConfigurationModel::AppliedInjector() const {
+  return InjectorTypes().at(static_cast<std::size_t>(Applied(ChoiceList::kInjectorType)));
+}
+
+const InjectorTypeRecord* ConfigurationModel::ShownInjector() const {
+  return InjectorTypes().at(static_cast<std::size_t>(Shown(ChoiceList::kInjectorType)));
+}
+
+std::string_view ConfigurationModel::ShownName(ChoiceList list) const {
+  if (Shown(list) == kNothingSelected) return {};
+  return EntryNames(list)[static_cast<std::size_t>(Shown(list))];
+}
+
+void ConfigurationModel::refreshNozzleDiameter(std::uint16_t value) {
+  const InjectorTypeRecord* const injector = ShownInjector();
+  if (injector == nullptr) return;
+  if (injector->fixed_nozzle != 0) {
+    nozzle_ = {};
+    return;
+  }
+  const std::uint16_t tenths =
+      value == kFromRegisterCopy ? Value(*FindParameter("NOZZLEDIAM")) : value;
+  nozzle_ = {true, tenths <= kTenthsOfOneMillimetre, tenths};
+}
+
+void ConfigurationModel::ShowLambdaAxis(int index) {
+  const LambdaRangeRecord* const range = LambdaRanges().at(static_cast<std::size_t>(index));
+  if (range != nullptr) lambda_axis_volts_ = range->axis_maximum_volts;
+}
+
+std::vector<std::string_view> ConfigurationModel::MissingParts(const VehicleData& vehicle) const {
+  std::vector<std::string_view> missing;
+  const auto need = [&missing](bool given, std::string_view part) {
+    if (!given) missing.push_back(part);
+  };
+  const bool engine_size_given = vehicle.engine_size_cc > kSmallestEngineCc;
+  constexpr std::string_view kEngineSize = "engine size (more than 500 cc)";
+  const InjectorTypeRecord* const injector = ShownInjector();
+  if (injector == nullptr) {
+    need(engine_size_given, kEngineSize);
+    return missing;
+  }
+  need(!vehicle.make.empty(), "vehicle make");
+  need(!vehicle.model.empty(), "vehicle model");
+  need(!vehicle.engine_code.empty(), "engine code");
+  need(engine_size_given, kEngineSize);
+  need(injector->name != kEmptyInjector, "gas injector type");
+  need(injector->fixed_nozzle != 0 || nozzle_.tenths_mm > kTenthsOfOneMillimetre,
+       "nozzle diameter (more than 1.0 mm)");
+  need(ShownName(ChoiceList::kGasPressureSensor) != kNoSensor, "gas pressure sensor");
+  need(ShownName(ChoiceList::kWaterTemperatureSensor) != kNoSensor, "coolant temperature sensor");
+  return missing;
+}
+
+}  // namespace zelorgas
