@@ -93,8 +93,10 @@ EcuConnection::Outcome EcuConnection::Fail(const IdentifyOutcome& step) {
 }
 
 EcuConnection::Outcome EcuConnection::StartUpdate(bool in_bootloader) {
-  update_.Start(in_bootloader);
-  return Outcome::kFirmwareUpdate;
+  if (update_.Start(in_bootloader) != FirmwareUpdate::End::kUpdated) {
+    return Outcome::kFirmwareUpdate;
+  }
+  return Identify(/*offer_update=*/false);
 }
 
 void EcuConnection::StorePort() {
@@ -131,7 +133,9 @@ EcuConnection::Gate EcuConnection::CheckVersion(bool offer_update) {
   const bool update = boxes_.Ask(question);
   if (supported) {
     // With a firmware that still works the connection goes on either way.
-    if (update) update_.Start(false);
+    if (update && update_.Start(false) == FirmwareUpdate::End::kNotRunning) {
+      return {Outcome::kFirmwareUpdate};
+    }
     return {.outcome = Outcome::kConnected, .identify_again = update};
   }
   if (update) return {StartUpdate(false)};

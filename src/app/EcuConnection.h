@@ -22,10 +22,16 @@ inline constexpr std::string_view kPortBusy = "Sorry! The specified COM port is 
 // What takes over when the ECU sits in its bootloader or the person wants newer firmware in it.
 class FirmwareUpdate {
  public:
+  enum class End : std::uint8_t {
+    kUpdated,     // the ECU runs its new firmware
+    kUntouched,   // the ECU was left alone
+    kNotRunning,  // there is no application to connect to
+  };
+
   virtual ~FirmwareUpdate() = default;
   // `in_bootloader`: the ECU already runs its bootloader and has been told to stay there (coil 2).
   // Returns when the update has ended, well or not. The port is open; who updates may close it.
-  virtual void Start(bool in_bootloader) = 0;
+  virtual End Start(bool in_bootloader) = 0;
 };
 
 class EcuConnection {
@@ -34,7 +40,7 @@ class EcuConnection {
     kConnected,       // the worker runs
     kFailed,          // the person has been told why; the port is closed
     kDeclined,        // firmware too old and no update wanted; the port is closed
-    kFirmwareUpdate,  // the firmware update has been started
+    kFirmwareUpdate,  // the firmware update has ended without an ECU to connect to
   };
 
   EcuConnection(ClpgecuDoc& document, MessageBoxes& boxes, SettingsStore& settings,

@@ -29,6 +29,8 @@ class FileDescriptor {
   }
 
   [[nodiscard]] int Get() const { return value_; }
+  // Whoever takes it closes it.
+  [[nodiscard]] int Release() { return std::exchange(value_, -1); }
   [[nodiscard]] explicit operator bool() const { return value_ >= 0; }
 
  private:

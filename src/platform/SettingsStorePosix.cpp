@@ -1,7 +1,3 @@
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
@@ -10,7 +6,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/FileDescriptor.h"
+#include "platform/FileSystem.h"
 #include "platform/IniText.h"
 #include "platform/SettingsFilePosix.h"
 
@@ -58,47 +54,11 @@ bool SetAside(const fs::path& file) {
   return false;
 }
 
-bool WriteAll(const FileDescriptor& file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count =
-        RetryInterrupted([&] { return ::write(file.Get(), bytes.data(), bytes.size()); });
-    if (count <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
-  return ::fsync(file.Get()) == 0;
-}
-
-// Without it the folder may come back from a power failure with neither name. Not every file system
-// can do it, and the file is written either way.
-void SyncFolder(const fs::path& folder) {
-  const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (opened) static_cast<void>(::fsync(opened.Get()));
-}
-
-// The whole new file or the whole old one, whatever happens meanwhile.
-bool ReplaceFile(const fs::path& file, std::string_view bytes) {
+bool WriteContents(const fs::path& file, std::string_view bytes) {
   std::error_code error;
-  // A person may keep the real file elsewhere, behind a link that is to stay.
-  const fs::path target =
-      fs::is_symlink(fs::symlink_status(file, error)) ? fs::canonical(file, error) : file;
-  if (error && target.empty()) return false;
-  fs::create_directories(target.parent_path(), error);
-  std::string temporary = target.string() + ".XXXXXX";
-  FileDescriptor written(::mkostemp(temporary.data(), O_CLOEXEC));
-  if (!written) return false;
-  struct stat old {};
-  if (::stat(target.c_str(), &old) == 0) {
-    constexpr mode_t kPermissions = 0777;
-    static_cast<void>(::fchmod(written.Get(), old.st_mode & kPermissions));
-  }
-  const bool complete = WriteAll(written, bytes);
-  written.Close();
-  if (!complete || ::rename(temporary.c_str(), target.c_str()) != 0) {
-    ::unlink(temporary.c_str());
-    return false;
-  }
-  SyncFolder(target.parent_path());
-  return true;
+  fs::create_directories(file.parent_path(), error);
+  std::string reason;
+  return WriteWholeFile(file, bytes, reason);
 }
 
 // Reads the file for every call: it is small, and another instance of the program may have written.
@@ -133,7 +93,7 @@ class SettingsStorePosix final : public SettingsStore {
     if (!text) return false;
     // Waiting for the disk takes long; most values are written as they already are.
     if (text->Value(section, key) == value) return true;
-    return text->SetValue(section, key, value) && ReplaceFile(file_, text->Text());
+    return text->SetValue(section, key, value) && WriteContents(file_, text->Text());
   }
 
  private:

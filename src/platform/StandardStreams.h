@@ -11,5 +11,7 @@ void KeepStandardStreams();
 
 // True when a person can be asked on standard input.
 [[nodiscard]] bool StandardInputIsTerminal();
+// True when a person sees standard error, and a line of it can be drawn over.
+[[nodiscard]] bool StandardErrorIsTerminal();
 
 }  // namespace zelorgas

@@ -3,14 +3,21 @@
 #include "platform/StandardStreams.h"
 
 namespace zelorgas {
+namespace {
+
+// Only a console has a mode; the null device, which also counts as a character device, has none.
+bool IsConsole(DWORD stream) {
+  DWORD mode = 0;
+  return ::GetConsoleMode(::GetStdHandle(stream), &mode) != 0;
+}
+
+}  // namespace
 
 // Handles of closed streams are not given out again here.
 void KeepStandardStreams() {}
 
-bool StandardInputIsTerminal() {
-  // Only a console has a mode; the null device, which also counts as a character device, has none.
-  DWORD mode = 0;
-  return ::GetConsoleMode(::GetStdHandle(STD_INPUT_HANDLE), &mode) != 0;
-}
+bool StandardInputIsTerminal() { return IsConsole(STD_INPUT_HANDLE); }
+
+bool StandardErrorIsTerminal() { return IsConsole(STD_ERROR_HANDLE); }
 
 }  // namespace zelorgas

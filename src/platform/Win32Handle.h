@@ -28,6 +28,8 @@ class Win32Handle {
   }
 
   [[nodiscard]] HANDLE Get() const { return value_; }
+  // Whoever takes it closes it.
+  [[nodiscard]] HANDLE Release() { return std::exchange(value_, nullptr); }
   [[nodiscard]] explicit operator bool() const { return value_ != nullptr; }
 
  private:

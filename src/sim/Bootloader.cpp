@@ -67,12 +67,14 @@ bool Bootloader::ImageStarts() const {
 }
 
 bool Bootloader::IsCoil(std::uint16_t coil) {
-  return coil == 2 || (coil >= 4 && coil <= 12) || coil == 14 || coil == kFlashModeCoil;
+  return coil == kStayCoil || (coil >= 4 && coil <= 12) || coil == 14 || coil == kFlashModeCoil;
 }
 
 void Bootloader::WriteCoil(std::uint16_t coil, bool on) {
   const bool was_on = std::exchange(coils_[coil], on);
   if (on && !was_on) Run(coil);
+  // Whoever has finished a download wants it to start.
+  if (!on && was_on && coil == kFlashModeCoil && ImageStarts()) coils_[kStayCoil] = false;
 }
 
 void Bootloader::LosePower() {

@@ -32,6 +32,7 @@ class Bootloader {
   static constexpr std::uint16_t kHoldingRegisters = 132;  // 0 to 131
   static constexpr std::uint16_t kInputRegisters = 10;     // 0 to 9; results in 2 to 9
   static constexpr std::uint16_t kStatusInputs = 5;        // discrete inputs 0 to 4
+  static constexpr std::uint16_t kStayCoil = 2;            // on: the application is not started
   static constexpr std::uint16_t kFlashModeCoil = 16;
 
   Bootloader();

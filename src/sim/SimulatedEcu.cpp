@@ -54,6 +54,11 @@ void SimulatedEcu::Boot(bool into_bootloader) {
   bootloader_.LosePower();
 }
 
+bool SimulatedEcu::LeavesBootloader() const {
+  return in_bootloader_ && !options_.in_bootloader && !bootloader_.Coil(Bootloader::kStayCoil) &&
+         !bootloader_.Coil(Bootloader::kFlashModeCoil) && bootloader_.ImageStarts();
+}
+
 void SimulatedEcu::Restart() {
   const std::lock_guard guard(lock_);
   Boot(false);
@@ -61,10 +66,17 @@ void SimulatedEcu::Restart() {
 
 void SimulatedEcu::LosePower() { Restart(); }
 
+void SimulatedEcu::EnterBootloader() {
+  const std::lock_guard guard(lock_);
+  Boot(true);
+  bootloader_.WriteCoil(Bootloader::kStayCoil, true);
+}
+
 std::optional<std::vector<std::uint8_t>> SimulatedEcu::AnswerAt(
     std::span<const std::uint8_t> request, Clock::TimePoint when) {
   if (request.size() < 2 || request[0] != ECU_SLAVE_ADDRESS) return std::nullopt;
   const std::lock_guard guard(lock_);
+  if (when - now_ > kBootloaderPatience && LeavesBootloader()) Boot(false);
   now_ = when;
   engine_now_.reset();
   std::vector<std::uint8_t> response = ExecuteRequest(*this, request);

@@ -28,7 +28,7 @@ struct SimulatedEcuOptions {
   std::uint8_t hardware_major = 1;
   std::uint8_t hardware_minor = 2;
   std::uint32_t serial = 123456;
-  bool in_bootloader = false;
+  bool in_bootloader = false;  // from the start, and held there
   std::uint64_t seed = 1;
   // Another make of ECU, for what refuses it.
   std::string vendor = "Tarnwick Ltd.";
@@ -43,6 +43,8 @@ class SimulatedEcu final : private SlaveMap {
   static constexpr std::size_t kPermanentErrors = 5;
   static constexpr std::size_t kFifoRecords = 8;  // the ring that pointers 0 to 7 walk
   static constexpr std::chrono::milliseconds kRecordPeriod{100};
+  // A bootloader that nobody speaks to starts the application after so long.
+  static constexpr std::chrono::seconds kBootloaderPatience{5};
 
   explicit SimulatedEcu(Clock& clock, SimulatedEcuOptions options = {});
 
@@ -60,6 +62,10 @@ class SimulatedEcu final : private SlaveMap {
   void Restart();
   // The supply goes and comes: as a reset, and a bootloader starts the application if it is whole.
   void LosePower();
+
+  // Into the bootloader, as coil 33 orders it, and held there until it has been programmed or is
+  // restarted.
+  void EnterBootloader();
 
   // For tests and the simulator's summary.
   [[nodiscard]] std::uint16_t Register(std::uint16_t number) const;  // of the configuration block
@@ -103,6 +109,7 @@ class SimulatedEcu final : private SlaveMap {
   [[nodiscard]] double GasTimeMicroseconds();
   [[nodiscard]] std::array<std::uint16_t, 4> RecordAt(std::uint64_t number) const;
   void Boot(bool into_bootloader);
+  [[nodiscard]] bool LeavesBootloader() const;
 
   Clock& clock_;
   const SimulatedEcuOptions options_;
@@ -110,7 +117,7 @@ class SimulatedEcu final : private SlaveMap {
 
   mutable std::mutex lock_;
   Clock::TimePoint started_;
-  Clock::TimePoint now_;                   // of the request that is executed
+  Clock::TimePoint now_;                   // of the request that is executed, or the last one
   std::optional<EngineState> engine_now_;  // then, once somebody has asked
   std::optional<EngineState> pinned_engine_;
   ConfigurationBlock block_{};

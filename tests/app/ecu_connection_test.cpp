@@ -10,44 +10,65 @@ namespace zelorgas {
 namespace {
 
 using Outcome = EcuConnection::Outcome;
+using testing::ElementsAre;
 
 class UpdateRecorder final : public FirmwareUpdate {
  public:
   std::string started;
-  void Start(bool in_bootloader) override { started += in_bootloader ? "bootloader " : "update "; }
+  // What the update does to the ECU, and how it ends.
+  std::function<End()> run = [] { return End::kUntouched; };
+  End Start(bool in_bootloader) override {
+    started += in_bootloader ? "bootloader " : "update ";
+    return run();
+  }
 };
 
-struct Connecting {
-  explicit Connecting(SimulatedEcuOptions options = {})
-      : ecu(clock, options), document(SimulatedPort(line, clock), clock, status) {
+struct Connecting : ConnectedDocument {
+  explicit Connecting(const SimulatedEcuOptions& options = {}) : ConnectedDocument(options) {
     document.Link().SetPortName("/dev/ttyUSB7");
+    connection.SetIdentifiedHook([this] { identified = document.Link().IsOpen(); });
   }
   ~Connecting() { connection.Disconnect(); }
 
-  VirtualClock clock;
-  SimulatedEcu ecu;
-  SimulatedLine line{ecu, clock, {.paced = false}};
-  StatusRecorder status;
-  ClpgecuDoc document;
+  // Connects and fails with just this message, leaving the port closed.
+  void ExpectRefused(const std::string& message, ModbusResult link_result) {
+    EXPECT_EQ(connection.Connect(), Outcome::kFailed) << message;
+    EXPECT_THAT(boxes.said, ElementsAre("error: " + message));
+    EXPECT_EQ(connection.FailureResult(), link_result) << message;
+    EXPECT_FALSE(document.Link().IsOpen()) << message;
+    EXPECT_FALSE(document.HasWorker()) << message;
+    EXPECT_FALSE(identified) << message;
+  }
+  [[nodiscard]] std::string StoredPort() const {
+    return settings.ReadString("Settings", "COMMPORT", "none");
+  }
+
   ScriptedBoxes boxes;
   MemorySettings settings;
   UpdateRecorder update;
   EcuConnection connection{document, boxes, settings, update};
+  bool identified = false;
 };
 
-constexpr const char* kObsolete =
-    "ZelorGAS has detected an obsolete firmware version!\nPlease download the latest firmware "
-    "version to have a possibility to use new features.\n";
-constexpr const char* kReplace = "Do you want to replace the existing firmware version? ";
+constexpr const char* kNoTarget = "Couldn't get target application info!";
+constexpr const char* kNoBoard = "Error while loading installation information!\nPlease try again!";
+const std::string kNewer =
+    "You have got a newer firmware version!\nPlease install the latest ZelorGAS version to get "
+    "installed controller supported.";
+const std::string kObsolete =
+    "question: ZelorGAS has detected an obsolete firmware version!\nPlease download the latest "
+    "firmware version to have a possibility to use new features.\n";
+const std::string kReplace = "Do you want to replace the existing firmware version? ";
 
 TEST(EcuConnection, ConnectsAndLeavesWhatItFound) {
   Connecting c;
   ASSERT_EQ(c.connection.Connect(), Outcome::kConnected);
   EXPECT_TRUE(c.document.HasWorker());
+  EXPECT_TRUE(c.identified);
   EXPECT_EQ(c.document.Image().FirmwareIdentification(), '\'');
   EXPECT_EQ(c.connection.Identity().hardware, (Version{1, 2}));
   EXPECT_EQ(c.connection.Identity().serial, 123456U);
-  EXPECT_EQ(c.settings.ReadString("Settings", "COMMPORT", ""), "/dev/ttyUSB7");
+  EXPECT_EQ(c.StoredPort(), "/dev/ttyUSB7");
   EXPECT_TRUE(c.boxes.said.empty());
   c.connection.Disconnect();
   EXPECT_FALSE(c.document.HasWorker());
@@ -56,90 +77,86 @@ TEST(EcuConnection, ConnectsAndLeavesWhatItFound) {
 }
 
 TEST(EcuConnection, AFailureAtAnyRequestIsToldOnceAndLeavesThePortClosed) {
-  Connecting whole;
-  const std::uint64_t before = whole.line.RequestCount();
-  ASSERT_EQ(whole.connection.Connect(false), Outcome::kConnected);
-  const std::uint64_t requests = whole.line.RequestCount() - before;
-  ASSERT_GE(requests, 5U);
-  for (std::uint64_t request = 1; request <= requests; ++request) {
+  std::uint64_t request = 0;
+  for (const char* const message :
+       {"Couldn't establish connection with GASECU!\nPlease check out cables and power supply!",
+        kNoTarget, kNoTarget, kNoTarget, kNoBoard}) {
     Connecting c;
-    c.line.ArmFault({FaultKind::kDropAnswer}, request);
-    EXPECT_EQ(c.connection.Connect(), Outcome::kFailed) << request;
-    ASSERT_EQ(c.boxes.said.size(), 1U) << request;
-    EXPECT_EQ(c.boxes.said[0].substr(0, 7), "error: ");
-    EXPECT_EQ(c.connection.FailureResult(), ModbusResult::kTimeOut);
-    EXPECT_FALSE(c.document.Link().IsOpen());
-    EXPECT_FALSE(c.document.HasWorker());
+    c.line.ArmFault({FaultKind::kDropAnswer}, ++request);
+    c.ExpectRefused(message, ModbusResult::kTimeOut);
+    EXPECT_EQ(c.StoredPort(), request == 1 ? "none" : "/dev/ttyUSB7");
   }
+  Connecting whole;
+  ASSERT_EQ(whole.connection.Connect(false), Outcome::kConnected);
+  EXPECT_EQ(whole.line.RequestCount(), request);
+  EXPECT_FALSE(whole.document.HasWorker());
 }
 
-TEST(EcuConnection, ABusyPort) {
+TEST(EcuConnection, AnEcuThatIsNotOursOrABusyPort) {
+  const std::pair<SimulatedEcuOptions, std::string> cases[] = {
+      {{.vendor = "Another Ltd."}, "Unrecognized Vendor Name!"},
+      {{.vendor = "TARNWICK Ltd."}, "Unrecognized Vendor Name!"},
+      {{.product = "Petrol<=>GAS ECU Conversion Kit"}, "Unrecognized Product Code!"},
+      {{.revision = "SV 0.39@HV 1"}, "Could not get revision number!"},
+      {{.software_major = 1, .software_minor = 0}, kNewer},
+      {{.software_minor = 40}, kNewer},
+  };
+  for (const auto& [options, message] : cases) {
+    Connecting(options).ExpectRefused(message, ModbusResult::kOk);
+  }
+  Connecting({.has_board_information = false}).ExpectRefused(kNoBoard, ExceptionResult(2));
   Connecting c;
   c.line.SetPlugged(false);
-  EXPECT_EQ(c.connection.Connect(), Outcome::kFailed);
-  EXPECT_THAT(c.boxes.said, testing::ElementsAre("error: Sorry! The specified COM port is busy!"));
-  EXPECT_EQ(c.settings.ReadString("Settings", "COMMPORT", "none"), "none");
-}
-
-TEST(EcuConnection, AnEcuThatIsNotOurs) {
-  struct Case {
-    SimulatedEcuOptions ecu;
-    std::string said;
-  };
-  const std::string wrong_vendor = "error: Unrecognized Vendor Name!";
-  const std::vector<Case> cases{
-      {{.vendor = "Another Ltd."}, wrong_vendor},
-      {{.vendor = "TARNWICK Ltd."}, wrong_vendor},
-      {{.product = "Petrol<=>GAS ECU Conversion Kit"}, "error: Unrecognized Product Code!"},
-      {{.revision = "SV 0.39@HV 1"}, "error: Could not get revision number!"},
-      {{.has_board_information = false},
-       "error: Error while loading installation information!\nPlease try again!"},
-  };
-  for (const Case& test : cases) {
-    Connecting c(test.ecu);
-    EXPECT_EQ(c.connection.Connect(), Outcome::kFailed) << test.said;
-    EXPECT_THAT(c.boxes.said, testing::ElementsAre(test.said));
-    EXPECT_FALSE(c.document.Link().IsOpen()) << test.said;
-    EXPECT_FALSE(c.document.HasWorker()) << test.said;
-  }
+  c.ExpectRefused("Sorry! The specified COM port is busy!", ModbusResult::kOk);
+  EXPECT_EQ(c.StoredPort(), "none");
 }
 
 TEST(EcuConnection, TheVersionGate) {
-  struct Case {
-    Version version;
-    bool answer;
-    Outcome outcome;
-    std::string said;
-    std::string update;
-  };
-  const std::string newer =
-      "error: You have got a newer firmware version!\nPlease install the latest ZelorGAS version "
-      "to get installed controller supported.";
-  const std::string too_old = std::string("question: ") + kObsolete +
+  const std::string too_old = kObsolete +
                               "Current firmware version is \"00.35\" while this configuration "
                               "utility requires at least version \"00.36\"!\n" +
                               kReplace;
-  const std::string offer = std::string("question: ") + kObsolete + kReplace;
-  const std::vector<Case> cases{
-      {{1, 0}, false, Outcome::kFailed, newer, ""},
-      {{0, 40}, false, Outcome::kFailed, newer, ""},
-      {{0, 39}, false, Outcome::kConnected, "", ""},
-      {{0, 38}, false, Outcome::kConnected, offer, ""},
-      {{0, 36}, true, Outcome::kConnected, offer, "update "},
-      {{0, 35}, false, Outcome::kDeclined, too_old, ""},
-      {{0, 35}, true, Outcome::kFirmwareUpdate, too_old, "update "},
+  const std::string offer = kObsolete + kReplace;
+  const struct {
+    std::uint8_t minor;
+    bool answer;
+    Outcome outcome;
+    std::vector<std::string> said;
+    std::string update;
+  } cases[] = {
+      {39, false, Outcome::kConnected, {}, ""},
+      {38, false, Outcome::kConnected, {offer}, ""},
+      {36, true, Outcome::kConnected, {offer}, "update "},
+      {35, false, Outcome::kDeclined, {too_old}, ""},
+      {35, true, Outcome::kFirmwareUpdate, {too_old}, "update "},
   };
-  for (const Case& test : cases) {
-    Connecting c({.software_major = test.version.major, .software_minor = test.version.minor});
+  for (const auto& test : cases) {
+    Connecting c({.software_minor = test.minor});
     c.boxes.answer = test.answer;
-    EXPECT_EQ(c.connection.Connect(), test.outcome) << int{test.version.minor};
-    EXPECT_EQ(c.boxes.said.empty() ? "" : c.boxes.said[0], test.said);
+    EXPECT_EQ(c.connection.Connect(), test.outcome) << int{test.minor};
+    EXPECT_EQ(c.boxes.said, test.said);
     EXPECT_EQ(c.update.started, test.update);
-    EXPECT_EQ(c.connection.Identity().software, test.version) << "it is known whom we refuse";
+    EXPECT_EQ(c.connection.Identity().software.minor, test.minor) << "also when it is refused";
     EXPECT_EQ(c.connection.FailureResult(), ModbusResult::kOk) << "the link is not to blame";
-    const bool closed = test.outcome == Outcome::kFailed || test.outcome == Outcome::kDeclined;
-    EXPECT_EQ(c.document.Link().IsOpen(), !closed) << int{test.version.minor};
+    EXPECT_EQ(c.document.Link().IsOpen(), test.outcome != Outcome::kDeclined) << int{test.minor};
   }
+}
+
+TEST(EcuConnection, GoesOnAfterAnUpdateByWhatItHasLeft) {
+  using End = FirmwareUpdate::End;
+  Connecting updated({.in_bootloader = true});
+  updated.update.run = [&] {
+    updated.ecu.Restart();
+    return End::kUpdated;
+  };
+  EXPECT_EQ(updated.connection.Connect(), Outcome::kConnected);
+  EXPECT_EQ(updated.connection.Identity().serial, 123456U);
+  EXPECT_EQ(updated.update.started, "bootloader ");
+  Connecting broken({.software_minor = 38});
+  broken.boxes.answer = true;
+  broken.update.run = [] { return End::kNotRunning; };
+  EXPECT_EQ(broken.connection.Connect(), Outcome::kFirmwareUpdate);
+  EXPECT_FALSE(broken.document.HasWorker());
 }
 
 TEST(EcuConnection, AnEcuInItsBootloaderIsHandedOver) {
@@ -147,9 +164,7 @@ TEST(EcuConnection, AnEcuInItsBootloaderIsHandedOver) {
   EXPECT_EQ(c.connection.Connect(), Outcome::kFirmwareUpdate);
   EXPECT_EQ(c.update.started, "bootloader ");
   EXPECT_FALSE(c.document.HasWorker());
-  bool told_to_stay = false;
-  c.ecu.WithBootloader([&](Bootloader& boot) { told_to_stay = boot.Coil(2); });
-  EXPECT_TRUE(told_to_stay);
+  c.ecu.WithBootloader([](Bootloader& boot) { EXPECT_TRUE(boot.Coil(2)) << "told to stay"; });
 }
 
 }  // namespace

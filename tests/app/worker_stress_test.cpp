@@ -16,7 +16,7 @@ namespace {
 using std::chrono::milliseconds;
 
 class NoUpdate final : public FirmwareUpdate {
-  void Start(bool) override {}
+  End Start(bool) override { return End::kUntouched; }
 };
 
 struct RunningProgram {

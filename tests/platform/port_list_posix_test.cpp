@@ -1,12 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "platform/PortScanLinux.h"
+#include "support/TemporaryFolder.h"
 
 namespace zelorgas {
 namespace {
@@ -17,12 +17,9 @@ namespace fs = std::filesystem;
 class Machine : public testing::Test {
  protected:
   Machine() {
-    std::string name = (fs::temp_directory_path() / "ports-XXXXXX").string();
-    root_ = mkdtemp(name.data());
     fs::create_directories(root_ / "dev");
     fs::create_directories(root_ / "sys/class/tty");
   }
-  ~Machine() override { fs::remove_all(root_); }
 
   void Write(const fs::path& path, const std::string& text) {
     fs::create_directories((root_ / path).parent_path());
@@ -49,17 +46,12 @@ class Machine : public testing::Test {
     return found;
   }
 
-  fs::path root_;
+  const TemporaryFolder folder_;
+  const fs::path& root_ = folder_.Path();
 };
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-TEST_F(Machine, WithoutDeviceFoldersHasNoPorts) {
-  fs::remove_all(root_ / "sys");
-  fs::remove_all(root_ / "dev");
-  EXPECT_THAT(Scan(), IsEmpty());
-}
 
 TEST_F(Machine, UsbAdaptersBearTheirProductTextAndNotTheirHubs) {
   Write("sys/devices/usb1/idVendor", "1d6b\n");
@@ -98,6 +90,8 @@ TEST_F(Machine, ConsolesAndPortsWithoutDeviceFileAreLeftOut) {
 
 TEST_F(Machine, AdaptersAreFoundWithoutDeviceDescriptions) {
   fs::remove_all(root_ / "sys");
+  fs::remove_all(root_ / "dev");
+  EXPECT_THAT(Scan(), IsEmpty());
   for (const char* name : {"ttyUSB1", "rfcomm0", "ttyACM3", "ttyS0", "null", "xttyUSB0"}) {
     AddNode(name);
   }

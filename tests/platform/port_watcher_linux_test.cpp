@@ -1,11 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <fstream>
 #include <string>
 
 #include "platform/PortWatchLinux.h"
+#include "support/TemporaryFolder.h"
 #include "support/WatchRecorder.h"
 
 namespace zelorgas {
@@ -18,15 +18,10 @@ using testing::SizeIs;
 
 class WatchedFolder : public testing::Test {
  protected:
-  WatchedFolder() {
-    std::string name = (fs::temp_directory_path() / "watched-XXXXXX").string();
-    folder_ = mkdtemp(name.data());
-  }
-  ~WatchedFolder() override { fs::remove_all(folder_); }
-
   void Plug(const std::string& name) { std::ofstream(folder_ / name) << ""; }
 
-  fs::path folder_;
+  const TemporaryFolder temporary_;
+  const fs::path& folder_ = temporary_.Path();
   WatchRecorder recorder_;
 };
 

@@ -1,15 +1,12 @@
 #include <fcntl.h>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pthread.h>
-#include <sys/stat.h>
 #include <termios.h>
 
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
-#include <filesystem>
 #include <optional>
 #include <semaphore>
 #include <string>
@@ -17,6 +14,7 @@
 
 #include "platform/FileDescriptor.h"
 #include "platform/SerialDevice.h"
+#include "support/TemporaryFolder.h"
 
 namespace zelorgas {
 namespace {
@@ -102,38 +100,17 @@ TEST_F(PtyLine, TakesTheSameSettingsAgainAndRefusesUnknownOnes) {
   EXPECT_TRUE(device_->SetQueueSizes(1024, 1024));
 }
 
-TEST_F(PtyLine, BelongsToOneUserUntilItIsClosed) {
-  EXPECT_FALSE(opener_(name_));
-  device_.reset();
-  device_ = opener_(name_);
-  ASSERT_TRUE(device_);
-  EXPECT_FALSE(opener_(name_));
-  EXPECT_TRUE(device_->Configure(kEcuLine));
-  EXPECT_TRUE(device_->Write(AsBytes("x")));
-}
-
 TEST_F(PtyLine, OpenerRefusesWhatIsNoTerminal) {
-  const std::filesystem::path file =
-      std::filesystem::path(testing::TempDir()) / ("no-terminal-" + std::to_string(::getpid()));
+  const TemporaryFolder folder;
+  const std::string file = folder.Path() / "file";
   FileDescriptor(::open(file.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600));
-  EXPECT_FALSE(opener_(file.string()));
-  std::filesystem::remove(file);
-  EXPECT_FALSE(opener_(file.string())) << "missing";
-  EXPECT_FALSE(opener_(testing::TempDir())) << "a folder";
-  EXPECT_FALSE(opener_("/dev/null"));
-  EXPECT_FALSE(opener_("COM1"));
-  EXPECT_FALSE(opener_(""));
-}
-
-TEST_F(PtyLine, ReadEndsWhenTheLineIsQuietOrTheTimeIsOver) {
-  ASSERT_TRUE(device_->SetTimeouts({.read_interval = 5, .read_total_constant = 20000}));
-  Send("abc");
-  EXPECT_EQ(Read(10), "abc");
-  EXPECT_LT(Elapsed(), seconds{10}) << "waited for the total";
-  ASSERT_TRUE(device_->SetTimeouts({.read_total_constant = 20}));
-  const Clock::TimePoint before = clock_->Now();
-  EXPECT_EQ(Read(10), "");
-  EXPECT_GE(clock_->Now() - before, milliseconds{20});
+  for (const std::string& name : {file, folder.Path().string(), file + "/missing",
+                                  std::string("/dev/null"), std::string("COM1"), std::string()}) {
+    EXPECT_FALSE(opener_(name)) << name;
+  }
+  EXPECT_FALSE(opener_(name_)) << "in use";
+  device_.reset();
+  EXPECT_TRUE(opener_(name_));
 }
 
 TEST_F(PtyLine, WaitsEndEarlyWhenAnotherThreadSends) {
@@ -155,16 +132,6 @@ TEST_F(PtyLine, WaitsEndEarlyWhenAnotherThreadSends) {
   EXPECT_LT(slices, kRounds) << "waits ran to the end of their slice";
 }
 
-TEST_F(PtyLine, EventCharacterThatCameBeforeTheWaitIsFound) {
-  Send("abc\nde");
-  ASSERT_TRUE(device_->WaitForInput(6, kFarAway));
-  EXPECT_EQ(device_->WaitForEvent(kFarAway), LineEvent::kEventCharacter);
-  EXPECT_EQ(Read(100), "abc\nde");
-  Send("no end");
-  EXPECT_EQ(device_->WaitForEvent(milliseconds{20}), LineEvent::kTimeout);
-  EXPECT_EQ(Read(100), "no end");
-}
-
 TEST_F(PtyLine, PurgeDropsWhatIsQueuedHereAndInTheDriver) {
   for (const PurgeScope scope : {PurgeScope::kBoth, PurgeScope::kReceive}) {
     Send("kept");
@@ -182,19 +149,6 @@ TEST_F(PtyLine, PurgeDropsWhatIsQueuedHereAndInTheDriver) {
     EXPECT_EQ(device_->WaitForEvent(kFarAway), LineEvent::kEventCharacter);
     EXPECT_EQ(Read(100), "fresh\n");
   }
-}
-
-TEST_F(PtyLine, SliceHookRunsDuringEveryWait) {
-  int slices = 0;
-  device_->SetSliceHook([&] { ++slices; });
-  const auto runs = [&] { return std::exchange(slices, 0); };
-  EXPECT_FALSE(device_->WaitForInput(1, milliseconds{35}));
-  EXPECT_GE(runs(), 1);
-  EXPECT_EQ(device_->WaitForEvent(milliseconds{35}), LineEvent::kTimeout);
-  EXPECT_GE(runs(), 1);
-  ASSERT_TRUE(device_->SetTimeouts({.read_total_constant = 35}));
-  EXPECT_EQ(Read(1), "");
-  EXPECT_GE(runs(), 1);
 }
 
 // More than a pseudo terminal takes without a reader at the far end.
@@ -221,26 +175,36 @@ TEST_F(PtyLine, StuckWriteEndsInTimeAndLeavesTheLineUsable) {
   EXPECT_TRUE(arrived.ends_with("again\n"));
 }
 
-struct UnplugCase {
-  const char* name;
-  bool (*fails)(SerialDevice& device);
-};
-
-void PrintTo(const UnplugCase& c, std::ostream* out) { *out << c.name; }
-
-class Unplugged : public PtyLine, public testing::WithParamInterface<UnplugCase> {};
-
 // Each operation fails at once when the plug has been pulled before it, and in its wait when it is
 // pulled then; afterwards nothing waits any more.
+class Unplugged : public PtyLine, public testing::WithParamInterface<int> {
+ protected:
+  bool OperationFails() {
+    SerialDevice& d = *device_;
+    switch (GetParam()) {
+      case 0:
+        static_cast<void>(d.SetTimeouts({.write_total_constant = 30000}));
+        return !d.Write(AsBytes(TooMuch()));
+      case 1:
+        static_cast<void>(d.SetTimeouts({.read_total_constant = 30000}));
+        return Read(1) == "failed";
+      case 2:
+        return !d.WaitForInput(1, kFarAway) && !d.InputQueueLength();
+      default:
+        return d.WaitForEvent(kFarAway) == LineEvent::kFailed;
+    }
+  }
+};
+
 TEST_P(Unplugged, BeforeTheOperation) {
   Unplug();
-  for (int i = 0; i < 3; ++i) EXPECT_TRUE(GetParam().fails(*device_));
+  for (int i = 0; i < 3; ++i) EXPECT_TRUE(OperationFails());
   EXPECT_LT(Elapsed(), kFarAway);
 }
 
 TEST_P(Unplugged, DuringItsWait) {
   device_->SetSliceHook([this] { Unplug(); });
-  EXPECT_TRUE(GetParam().fails(*device_));
+  EXPECT_TRUE(OperationFails());
   int slices = 0;
   device_->SetSliceHook([&] { ++slices; });
   EXPECT_EQ(device_->WaitForEvent(kFarAway), LineEvent::kFailed);
@@ -253,28 +217,7 @@ TEST_P(Unplugged, DuringItsWait) {
   EXPECT_LT(Elapsed(), kFarAway);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Phases, Unplugged,
-    testing::Values(UnplugCase{"Write",
-                               [](SerialDevice& d) {
-                                 static_cast<void>(d.SetTimeouts({.write_total_constant = 30000}));
-                                 return !d.Write(AsBytes(TooMuch()));
-                               }},
-                    UnplugCase{"Read",
-                               [](SerialDevice& d) {
-                                 static_cast<void>(d.SetTimeouts({.read_total_constant = 30000}));
-                                 std::uint8_t byte = 0;
-                                 return !d.Read({&byte, 1});
-                               }},
-                    UnplugCase{"WaitForInput",
-                               [](SerialDevice& d) {
-                                 return !d.WaitForInput(1, kFarAway) && !d.InputQueueLength();
-                               }},
-                    UnplugCase{"WaitForEvent",
-                               [](SerialDevice& d) {
-                                 return d.WaitForEvent(kFarAway) == LineEvent::kFailed;
-                               }}),
-    [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(Operations, Unplugged, testing::Range(0, 4));
 
 std::atomic<int> signals_caught = 0;
 void CatchSignal(int /*number*/) { ++signals_caught; }

@@ -1,12 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <fstream>
 #include <iterator>
 
+#include "platform/SettingsContract.h"
 #include "platform/SettingsFilePosix.h"
+#include "support/TemporaryFolder.h"
 
 namespace zelorgas {
 namespace {
@@ -15,13 +16,6 @@ namespace fs = std::filesystem;
 
 class SettingsFiles : public testing::Test {
  protected:
-  SettingsFiles() {
-    std::string name = (fs::temp_directory_path() / "settings-XXXXXX").string();
-    root_ = mkdtemp(name.data());
-    file_ = root_ / "config/Tarnwick/ZelorGAS.ini";
-  }
-  ~SettingsFiles() override { fs::remove_all(root_); }
-
   void Write(const std::string& text) {
     fs::create_directories(file_.parent_path());
     std::ofstream(file_, std::ios::binary) << text;
@@ -38,11 +32,10 @@ class SettingsFiles : public testing::Test {
     return names;
   }
 
-  fs::path root_;
-  fs::path file_;
+  const TemporaryFolder folder_;
+  const fs::path& root_ = folder_.Path();
+  const fs::path file_ = root_ / "config/Tarnwick/ZelorGAS.ini";
 };
-
-using testing::UnorderedElementsAre;
 
 TEST(SettingsFileName, FollowsTheEnvironment) {
   EXPECT_EQ(SettingsFile("Tarnwick", "/x", "/home/a"), "/x/Tarnwick/ZelorGAS.ini");
@@ -54,18 +47,10 @@ TEST(SettingsFileName, FollowsTheEnvironment) {
 }
 
 TEST_F(SettingsFiles, KeepValuesForTheNextStart) {
-  const auto first = OpenSettingsFile(file_);
-  const auto second = OpenSettingsFile(file_);
-  EXPECT_EQ(first->ReadInteger("Settings", "Language", 9), 9);
-  EXPECT_EQ(first->ReadString("Settings", "COMMPORT", "none"), "none");
+  EXPECT_EQ(OpenSettingsFile(file_)->ReadInteger("Settings", "Language", 9), 9);
   EXPECT_FALSE(fs::exists(file_)) << "reading makes no file";
-  EXPECT_TRUE(first->WriteInteger("Settings", "Language", 1413));
-  EXPECT_TRUE(second->WriteString("Settings", "COMMPORT", "/dev/ttyUSB0"));
-  EXPECT_TRUE(first->WriteInteger("Settings", "SAVEFILE", -1));
-  EXPECT_EQ(second->ReadInteger("Settings", "Language", 9), 1413);
-  EXPECT_EQ(second->ReadInteger("Settings", "SAVEFILE", 0), -1);
-  EXPECT_EQ(Read(file_), "[Settings]\nLanguage=1413\nCOMMPORT=/dev/ttyUSB0\nSAVEFILE=-1\n");
-  EXPECT_THAT(Names(), UnorderedElementsAre("ZelorGAS.ini"));
+  ExpectKeepsValues([this] { return OpenSettingsFile(file_); });
+  EXPECT_THAT(Names(), testing::ElementsAre("ZelorGAS.ini"));
 }
 
 TEST_F(SettingsFiles, IntegersMustBeWholeNumbers) {
@@ -92,27 +77,24 @@ TEST_F(SettingsFiles, AreReplacedWholeAndKeepLinkAndPermissions) {
 }
 
 TEST_F(SettingsFiles, DamagedOnesArePutAside) {
-  const std::string huge(2U << 20U, 'a');
-  std::vector<std::string> expected;
-  for (const std::string& damage : {std::string("\0\0\0", 3), std::string("garbage\n"), huge}) {
+  int number = 0;
+  for (const std::string& damage :
+       {std::string("\0\0\0", 3), std::string("garbage\n"), std::string(2U << 20U, 'a'),
+        std::string("damaged while the program runs")}) {
+    const bool running = ++number == 4;
+    std::unique_ptr<SettingsStore> store;
+    if (running) store = OpenSettingsFile(file_);
     Write(damage);
-    const auto store = OpenSettingsFile(file_);
-    expected.push_back(expected.empty()
-                           ? "ZelorGAS.ini.damaged"
-                           : "ZelorGAS.ini.damaged" + std::to_string(expected.size() + 1));
-    EXPECT_THAT(Names(), testing::UnorderedElementsAreArray(expected));
-    EXPECT_EQ(Read(file_.parent_path() / expected.back()), damage);
+    if (!running) store = OpenSettingsFile(file_);
     EXPECT_EQ(store->ReadInteger("Settings", "Language", 9), 9);
     EXPECT_TRUE(store->WriteInteger("Settings", "Language", 1414));
     EXPECT_EQ(Read(file_), "[Settings]\nLanguage=1414\n");
+    const std::string aside =
+        number == 1 ? "ZelorGAS.ini.damaged" : "ZelorGAS.ini.damaged" + std::to_string(number);
+    EXPECT_EQ(Read(file_.parent_path() / aside), damage);
+    EXPECT_EQ(Names().size(), static_cast<std::size_t>(number) + 1) << "nothing else is left";
     fs::remove(file_);
   }
-  // Damaged while the program runs.
-  const auto store = OpenSettingsFile(file_);
-  Write("garbage");
-  EXPECT_EQ(store->ReadString("Settings", "COMMPORT", "-"), "-");
-  EXPECT_TRUE(store->WriteString("Settings", "COMMPORT", "COM3"));
-  EXPECT_EQ(Read(file_.parent_path() / "ZelorGAS.ini.damaged4"), "garbage");
 }
 
 TEST_F(SettingsFiles, WithoutAPlaceReadFallbacksAndRefuseWrites) {

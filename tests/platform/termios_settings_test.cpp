@@ -41,31 +41,22 @@ TEST(TermiosSettings, CharacterShapeFollowsTheSettings) {
   }
 }
 
-TEST(TermiosSettings, LineIsRawAndParityUnchecked) {
-  const std::optional<termios> t = WithLineSettings(CookedTerminal(), {.parity = Parity::kEven});
-  ASSERT_TRUE(t);
-  EXPECT_EQ(t->c_iflag, tcflag_t{0});
-  EXPECT_EQ(t->c_oflag & OPOST, tcflag_t{0});
-  EXPECT_EQ(t->c_lflag, tcflag_t{0});
-  EXPECT_EQ(t->c_cflag & CRTSCTS, tcflag_t{0});
-  EXPECT_EQ(t->c_cflag & (CREAD | CLOCAL | HUPCL), tcflag_t{CREAD | CLOCAL | HUPCL});
-}
-
-TEST(TermiosSettings, FlowControlBits) {
-  const auto with = [](std::uint8_t flags) {
-    return WithLineSettings(CookedTerminal(), {.flow_control = flags});
-  };
-  const std::optional<termios> lines = with(kFlowCtsRts);
-  ASSERT_TRUE(lines);
-  EXPECT_EQ(lines->c_cflag & CRTSCTS, CRTSCTS);
-  EXPECT_EQ(lines->c_iflag, tcflag_t{0});
-  const std::optional<termios> characters = with(kFlowXonXoff);
-  ASSERT_TRUE(characters);
-  EXPECT_EQ(characters->c_cflag & CRTSCTS, tcflag_t{0});
-  EXPECT_EQ(characters->c_iflag, tcflag_t{IXON | IXOFF});
-  EXPECT_EQ(characters->c_cc[VSTART], 0x11);
-  EXPECT_EQ(characters->c_cc[VSTOP], 0x13);
-  EXPECT_FALSE(with(kFlowDsrDtr));
+TEST(TermiosSettings, LineIsRawAndParityUncheckedExceptForFlowControl) {
+  const struct {
+    std::uint8_t flow;
+    tcflag_t hardware, input;
+  } cases[] = {{0, 0, 0}, {kFlowCtsRts, CRTSCTS, 0}, {kFlowXonXoff, 0, IXON | IXOFF}};
+  for (const auto& c : cases) {
+    const std::optional<termios> t =
+        WithLineSettings(CookedTerminal(), {.parity = Parity::kEven, .flow_control = c.flow});
+    ASSERT_TRUE(t);
+    EXPECT_EQ(t->c_iflag, c.input);
+    EXPECT_EQ(t->c_oflag & OPOST, tcflag_t{0});
+    EXPECT_EQ(t->c_lflag, tcflag_t{0});
+    EXPECT_EQ(t->c_cflag & (CRTSCTS | CREAD | CLOCAL | HUPCL), c.hardware | CREAD | CLOCAL | HUPCL);
+    EXPECT_EQ(t->c_cc[VSTART], 0x11);
+    EXPECT_EQ(t->c_cc[VSTOP], 0x13);
+  }
 }
 
 TEST(TermiosSettings, WhatNoDriverUnderstandsIsRefused) {
@@ -77,6 +68,7 @@ TEST(TermiosSettings, WhatNoDriverUnderstandsIsRefused) {
       {.parity = static_cast<Parity>(5)},
       {.stop_bits = StopBits::kOneAndHalf},
       {.data_bits = 5, .stop_bits = StopBits::kTwo},
+      {.flow_control = kFlowDsrDtr},
   };
   for (const LineSettings& settings : refused) {
     EXPECT_FALSE(WithLineSettings(CookedTerminal(), settings))
@@ -88,23 +80,17 @@ TEST(TermiosSettings, ReadBackMustBeWhatWasAskedExceptTheBitsOfAPseudoTerminal) 
   const termios wanted =
       *WithLineSettings(CookedTerminal(), {.baud = 19200, .data_bits = 7, .parity = Parity::kEven});
   EXPECT_TRUE(IsSameLine(wanted, wanted, false));
-
   termios eight_bits = wanted;
   eight_bits.c_cflag = (eight_bits.c_cflag & ~tcflag_t{CSIZE | PARENB}) | CS8;
   EXPECT_FALSE(IsSameLine(wanted, eight_bits, false));
   EXPECT_TRUE(IsSameLine(wanted, eight_bits, true));
-
-  termios other_speed = wanted;
-  cfsetspeed(&other_speed, B9600);
-  EXPECT_FALSE(IsSameLine(wanted, other_speed, true));
-
-  termios cooked = wanted;
-  cooked.c_lflag |= ICANON;
-  EXPECT_FALSE(IsSameLine(wanted, cooked, true));
-
-  termios checked = wanted;
-  checked.c_iflag |= INPCK;
-  EXPECT_FALSE(IsSameLine(wanted, checked, true));
+  for (void (*const change)(termios&) :
+       {+[](termios& t) { cfsetspeed(&t, B9600); }, +[](termios& t) { t.c_lflag |= ICANON; },
+        +[](termios& t) { t.c_iflag |= INPCK; }}) {
+    termios other = wanted;
+    change(other);
+    EXPECT_FALSE(IsSameLine(wanted, other, true));
+  }
 }
 
 }  // namespace

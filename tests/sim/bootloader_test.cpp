@@ -31,25 +31,20 @@ class BootloaderTest : public testing::Test {
     return Command(10, 0, 2);
   }
   void FlashMode(bool on) { boot_.WriteCoil(16, on); }
-  void EraseApplication() {
-    FlashMode(true);
-    ASSERT_EQ(Erase(2), 0U);
-    ASSERT_EQ(Erase(3), 0U);
-  }
 
   Bootloader boot_;
 };
 
-TEST_F(BootloaderTest, TheApplicationBeginsAfterBlockOneAndHas64KiBOfRoom) {
+TEST_F(BootloaderTest, ErasingNeedsFlashModeAndSupply) {
   EXPECT_EQ(BlockEnd(1) + 1, Bootloader::kApplicationStart);
   EXPECT_GE(BlockEnd(3) - BlockEnd(1), 64U * 1024U);
-}
-
-TEST_F(BootloaderTest, ErasingNeedsFlashMode) {
-  EXPECT_FALSE(IsBlank(2));
+  EXPECT_NE(Erase(2), 0U);
+  FlashMode(true);
+  boot_.SetNoSupply(true);
+  EXPECT_EQ(Command(4, 0, 2), 1U);
   EXPECT_NE(Erase(2), 0U);
   EXPECT_FALSE(IsBlank(2));
-  FlashMode(true);
+  boot_.SetNoSupply(false);
   EXPECT_EQ(Erase(2), 0U);
   EXPECT_TRUE(IsBlank(2));
   EXPECT_NE(Erase(1), 0U) << "its own block";
@@ -58,7 +53,8 @@ TEST_F(BootloaderTest, ErasingNeedsFlashMode) {
 }
 
 TEST_F(BootloaderTest, APageIsWrittenOnceAndOnlyInFlashMode) {
-  EraseApplication();
+  FlashMode(true);
+  ASSERT_EQ(Erase(2), 0U);
   const std::uint32_t start = Bootloader::kApplicationStart;
   EXPECT_EQ(WritePage(start, 0x1234), 0U);
   EXPECT_EQ(boot_.Application()[0], 0x34) << "low-order byte first";
@@ -73,57 +69,40 @@ TEST_F(BootloaderTest, APageIsWrittenOnceAndOnlyInFlashMode) {
   EXPECT_EQ(boot_.Application()[512], 0xFF);
 }
 
-TEST_F(BootloaderTest, WithoutSupplyNothingIsErased) {
-  FlashMode(true);
-  boot_.SetNoSupply(true);
-  EXPECT_EQ(Command(4, 0, 2), 1U);
-  EXPECT_NE(Erase(2), 0U);
-  EXPECT_FALSE(IsBlank(2));
+TEST(SimulatedUpdate, TheApplicationIsStartedByItselfUnlessTheBootloaderIsToStay) {
+  struct Case {
+    std::vector<std::uint8_t> coils;  // written on after the order to enter
+    int seconds;                      // of silence
+    bool stays;
+  };
+  for (const Case& c :
+       {Case{{}, 4, true}, Case{{}, 6, false}, Case{{2}, 6, true}, Case{{16}, 6, true}}) {
+    VirtualClock clock;
+    SimulatedEcu ecu(clock);
+    const auto write_coil = [&](std::uint8_t coil) {
+      return ecu.Answer(std::vector<std::uint8_t>{11, 5, 0, coil, 0xFF, 0})->at(1) == 5;
+    };
+    ASSERT_TRUE(write_coil(33));
+    for (const std::uint8_t coil : c.coils) ASSERT_TRUE(write_coil(coil));
+    clock.Sleep(std::chrono::seconds(c.seconds));
+    EXPECT_EQ(write_coil(2), c.stays) << testing::PrintToString(c.coils) << c.seconds;
+  }
 }
 
-TEST(SimulatedUpdate, AnImageHalfWrittenDoesNotStart) {
+TEST(SimulatedUpdate, OnlyAWholeImageStarts) {
   VirtualClock clock;
   SimulatedEcu ecu(clock);
-  const auto write_coil = [&](std::uint8_t coil, bool on) {
-    return ecu.Answer(
-        std::vector<std::uint8_t>{11, 5, 0, coil, static_cast<std::uint8_t>(on ? 0xFF : 0), 0});
-  };
-  write_coil(33, true);
-  ASSERT_TRUE(ecu.InBootloader());
-  ecu.LosePower();
-  ASSERT_FALSE(ecu.InBootloader()) << "the factory image is whole";
-
-  write_coil(33, true);
-  const std::vector<std::uint8_t> image = Bootloader::MakeImage(600, 5);
-  ecu.WithBootloader([&](Bootloader& boot) {
-    boot.WriteCoil(16, true);
-    boot.Holding()[131] = 2;
-    boot.WriteCoil(9, true);
-  });
-  const auto program = [&](std::size_t page) {
+  for (const bool whole : {true, false}) {
+    static_cast<void>(ecu.Answer(std::vector<std::uint8_t>{11, 5, 0, 33, 0xFF, 0}));
+    ASSERT_TRUE(ecu.InBootloader());
     ecu.WithBootloader([&](Bootloader& boot) {
-      const std::size_t address = Bootloader::kApplicationStart + page * 256;
       boot.WriteCoil(16, true);
-      boot.Holding()[0] = static_cast<std::uint16_t>(address);
-      boot.Holding()[1] = 0;
-      boot.Holding()[130] = 64;
-      for (std::size_t i = 0; i < 256; i += 2) {
-        const auto byte = [&](std::size_t at) { return at < image.size() ? image[at] : 0xFF; };
-        boot.Holding()[2 + i / 2] =
-            static_cast<std::uint16_t>(byte(page * 256 + i) | byte(page * 256 + i + 1) << 8);
-      }
-      boot.WriteCoil(10, false);
-      boot.WriteCoil(10, true);
-      EXPECT_EQ(boot.Inputs()[2], 0) << "page " << page;
+      boot.Holding()[131] = 3;
+      boot.WriteCoil(9, !whole);  // erases the second half
     });
-  };
-  program(0);
-  ecu.LosePower();
-  EXPECT_TRUE(ecu.InBootloader());
-  program(1);
-  program(2);
-  ecu.LosePower();
-  EXPECT_FALSE(ecu.InBootloader());
+    ecu.LosePower();
+    EXPECT_EQ(ecu.InBootloader(), !whole);
+  }
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include <thread>
 
-#include "config/BlockTransfer.h"
 #include "link/ModbusSerialPort.h"
 #include "sim/LineServer.h"
 
@@ -23,77 +22,45 @@ class PtyServerTest : public testing::Test {
     if (server_) server_->Stop();
     if (thread_.joinable()) thread_.join();
   }
-  bool Open(ModbusSerialPort& port, FramingMode framing) {
-    port.SetFraming(framing);
-    port.SetDataBits(7);
-    port.SetPortName(server_->Path());
-    return port.Open(0, 19200, 2);
+  bool Connect(FramingMode framing) {
+    port_.SetFraming(framing);
+    port_.SetDataBits(7);
+    port_.SetPortName(server_->Path());
+    return port_.Open(0, 19200, 2);
+  }
+  ModbusResult Read() {
+    std::vector<std::uint16_t> words;
+    return port_.ReadHoldingRegisters(ECU_SLAVE_ADDRESS, 256, 32, words);
   }
 
   std::unique_ptr<Clock> clock_ = MakeSteadyClock();
   SimulatedEcu ecu_{*clock_};
+  ModbusSerialPort port_{SystemSerialPorts(*clock_), *clock_};
   std::unique_ptr<SimulatedLine> line_;
   std::unique_ptr<LineServer> server_;
   std::thread thread_;
 };
 
-TEST_F(PtyServerTest, TheWholeBlockBothWaysByOneClientAfterTheOther) {
-  Serve({.paced = false});
-  ConfigurationBlock block{};
-  {
-    ModbusSerialPort first(SystemSerialPorts(*clock_), *clock_);
-    ASSERT_TRUE(Open(first, FramingMode::kAscii));
-    ASSERT_EQ(ReadBlock(first, StoreInto(block)), ModbusResult::kOk);
-    EXPECT_EQ(block, ecu_.Block());
-    ModbusSerialPort intruder(SystemSerialPorts(*clock_), *clock_);
-    EXPECT_FALSE(Open(intruder, FramingMode::kAscii)) << "one client at a time";
-  }
-  for (std::uint16_t& word : block) word = static_cast<std::uint16_t>(word * 3 + 1);
-  ModbusSerialPort second(SystemSerialPorts(*clock_), *clock_);
-  ASSERT_TRUE(Open(second, FramingMode::kAscii));
-  ASSERT_EQ(WriteBlock(second, block), ModbusResult::kOk);
-  EXPECT_EQ(block, ecu_.Block());
-}
-
-TEST_F(PtyServerTest, RtuWithoutEcho) {
-  Serve({.echo = false, .paced = false});
-  ModbusSerialPort port(SystemSerialPorts(*clock_), *clock_);
-  ASSERT_TRUE(Open(port, FramingMode::kRtu));
-  ConfigurationBlock block{};
-  ASSERT_EQ(ReadBlock(port, StoreInto(block)), ModbusResult::kOk);
-  EXPECT_EQ(block, ecu_.Block());
-}
-
 TEST_F(PtyServerTest, RtuAtThePaceOfTheLineHasNoGapsInAFrame) {
   Serve({.echo = false});
-  ModbusSerialPort port(SystemSerialPorts(*clock_), *clock_);
-  ASSERT_TRUE(Open(port, FramingMode::kRtu));
-  for (int i = 0; i < 5; ++i) {
-    std::vector<std::uint16_t> words;
-    EXPECT_EQ(port.ReadHoldingRegisters(ECU_SLAVE_ADDRESS, 256, 32, words), ModbusResult::kOk);
-  }
+  ASSERT_TRUE(Connect(FramingMode::kRtu));
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(Read(), ModbusResult::kOk);
 }
 
-TEST_F(PtyServerTest, ThePaceIsKept) {
+TEST_F(PtyServerTest, ThePaceIsKeptAndAPulledPlugEndsAnExchange) {
   Serve({});
-  ModbusSerialPort port(SystemSerialPorts(*clock_), *clock_);
-  ASSERT_TRUE(Open(port, FramingMode::kAscii));
+  ASSERT_TRUE(Connect(FramingMode::kAscii));
+  EXPECT_FALSE(SystemSerialPorts(*clock_)(server_->Path())) << "one client at a time";
+  port_.Close();
+  ASSERT_TRUE(Connect(FramingMode::kAscii)) << "and another one later";
   const Clock::TimePoint start = clock_->Now();
-  std::vector<std::uint16_t> words;
-  ASSERT_EQ(port.ReadHoldingRegisters(ECU_SLAVE_ADDRESS, 256, 32, words), ModbusResult::kOk);
+  ASSERT_EQ(Read(), ModbusResult::kOk);
   // 17 characters out and 139 back; a busy machine may take longer, never shorter.
   EXPECT_GE(clock_->Now() - start, std::chrono::microseconds(156 * 520));
-}
-
-TEST_F(PtyServerTest, PulledOutTheExchangeEndsAndAnotherWorksLater) {
-  Serve({.paced = false});
-  ModbusSerialPort port(SystemSerialPorts(*clock_), *clock_);
-  ASSERT_TRUE(Open(port, FramingMode::kAscii));
   line_->ArmFault({FaultKind::kUnplug});
-  std::vector<std::uint16_t> words;
-  EXPECT_NE(port.ReadHoldingRegisters(ECU_SLAVE_ADDRESS, 256, 32, words), ModbusResult::kOk);
+  EXPECT_NE(Read(), ModbusResult::kOk);
   line_->SetPlugged(true);
-  EXPECT_EQ(port.ReadHoldingRegisters(ECU_SLAVE_ADDRESS, 256, 32, words), ModbusResult::kOk);
+  EXPECT_EQ(Read(), ModbusResult::kOk);
 }
 
 }  // namespace

@@ -36,11 +36,12 @@ class StatusRecorder final : public StatusSink {
 };
 
 struct ConnectedDocument {
-  explicit ConnectedDocument(std::uint8_t software_minor = 39)
-      : ecu(clock, {.software_minor = software_minor}),
-        document(SimulatedPort(line, clock), clock, status) {
-    document.Image().software = {0, software_minor};
+  explicit ConnectedDocument(SimulatedEcuOptions options = {})
+      : ecu(clock, options), document(SimulatedPort(line, clock), clock, status) {
+    document.Image().software = {options.software_major, options.software_minor};
   }
+  explicit ConnectedDocument(std::uint8_t software_minor)
+      : ConnectedDocument(SimulatedEcuOptions{.software_minor = software_minor}) {}
 
   VirtualClock clock;
   SimulatedEcu ecu;

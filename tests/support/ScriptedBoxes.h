@@ -13,6 +13,7 @@ namespace zelorgas {
 class ScriptedBoxes final : public MessageBoxes {
  public:
   bool answer = false;
+  std::string declined;               // a question with these words gets No all the same
   std::vector<std::string> said;      // "error: ...", "note: ...", "question: ..."
   std::vector<std::string> informed;  // the messages alone
   std::vector<std::string> statuses;  // the status line
@@ -23,7 +24,7 @@ class ScriptedBoxes final : public MessageBoxes {
   }
   bool Ask(std::string_view text) override {
     said.push_back("question: " + std::string(text));
-    return answer;
+    return answer && (declined.empty() || text.find(declined) == std::string_view::npos);
   }
   void Status(std::string_view text) override { statuses.emplace_back(text); }
 

@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/PolledSerialDevice.h"
@@ -33,6 +34,14 @@ struct LineAction {
 // What the line does after one request.
 using LineScript = std::vector<LineAction>;
 
+inline LineAction At(int ms, std::vector<std::uint8_t> bytes) {
+  return {std::chrono::milliseconds{ms}, std::move(bytes)};
+}
+inline LineAction At(int ms, std::string_view text) { return At(ms, Bytes(text)); }
+inline LineAction At(int ms, LineAction::Kind kind) {
+  return {std::chrono::milliseconds{ms}, {}, kind};
+}
+
 class ScriptedPort {
  public:
   // What the test sets before an exchange.
@@ -42,6 +51,7 @@ class ScriptedPort {
   bool leave_output_queued = false;
   bool refuse_settings = false;
   bool refuse_timeouts = false;
+  bool refuse_queue_sizes = false;
   bool present = true;
   // Called when a look at the input queue is made; for pulling the plug between two phases.
   std::function<void()> on_look;
@@ -52,6 +62,7 @@ class ScriptedPort {
   LineSettings settings;
   PortTimeouts timeouts;
   int open_devices = 0;
+  std::string operations;  // "queues 1024 1024, purge both, write"
 
   explicit ScriptedPort(VirtualClock& clock) : clock_(clock) {}
 
@@ -65,8 +76,15 @@ class ScriptedPort {
     };
   }
 
+  // Every request is followed by `script`, in ASCII framing after its echo.
+  void Answer(LineScript script, bool echo = true) {
+    on_request = [script = std::move(script), echo](std::span<const std::uint8_t> request) {
+      LineScript all = script;
+      if (echo) all.insert(all.begin(), At(0, {request.begin(), request.end()}));
+      return all;
+    };
+  }
   void Unplug() { present = false; }
-  VirtualClock& clock() { return clock_; }
 
  private:
   class Device final : public PolledSerialDevice {
@@ -76,7 +94,10 @@ class ScriptedPort {
     }
     ~Device() override { --port_.open_devices; }
 
-    bool SetQueueSizes(std::size_t, std::size_t) override { return true; }
+    bool SetQueueSizes(std::size_t in, std::size_t out) override {
+      Note("queues " + std::to_string(in) + " " + std::to_string(out));
+      return !port_.refuse_queue_sizes;
+    }
     bool Configure(const LineSettings& settings) override {
       port_.settings = settings;
       return !port_.refuse_settings;
@@ -85,11 +106,13 @@ class ScriptedPort {
       port_.timeouts = timeouts;
       return !port_.refuse_timeouts && PolledSerialDevice::SetTimeouts(timeouts);
     }
-    void Purge(PurgeScope) override {
+    void Purge(PurgeScope scope) override {
+      Note(scope == PurgeScope::kBoth ? "purge both" : "purge receive");
       Deliver(nullptr);
       DropReceived();
     }
     bool Write(std::span<const std::uint8_t> bytes) override {
+      Note("write");
       if (port_.fail_write || !port_.present) return false;
       port_.written.emplace_back(bytes.begin(), bytes.end());
       if (!port_.on_request) return true;
@@ -117,6 +140,10 @@ class ScriptedPort {
     }
 
    private:
+    void Note(const std::string& operation) {
+      port_.operations += (port_.operations.empty() ? "" : ", ") + operation;
+    }
+
     struct Pending {
       Clock::TimePoint when;
       LineAction action;

@@ -1,0 +1,101 @@
+// Loading a configuration file into the ECU: the ECU's present configuration is read and stored,
+// the file's is written over it, read back and compared. The link may fail at any point; the person
+// is then told how far it got and may try again. Runs on the user-interface thread, or the command
+// line's only one; the document's slice hook keeps the window alive.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/ClpgecuDoc.h"
+#include "app/MessageBoxes.h"
+#include "config/BlockComparison.h"
+#include "config/ConfigurationFile.h"
+#include "link/ModbusResult.h"
+
+namespace zelorgas {
+
+inline constexpr std::string_view kLoadQuestion =
+    "The current configuration data are giong to be loaded from the selected file!\n"
+    "Do you realy want to continue?";
+inline constexpr std::string_view kConfigurationLoaded =
+    "The configuration data have been loaded successfully!";
+inline constexpr std::string_view kConfigurationNotLoaded =
+    "An error has occured while trying to load configuration data!";
+
+enum class TransferStage : std::uint8_t { kReading, kWriting, kChecking };
+
+// Called between two exchanges: how many of the kBlockWords words the stage has moved.
+using TransferProgress = std::function<void(TransferStage stage, std::size_t words)>;
+
+// Reads the ECU's whole block, with the polling held, and only then puts it into the image.
+ModbusResult ReadConfigurationIntoImage(ClpgecuDoc& document, const TransferProgress& progress);
+
+struct LoadRequest {
+  std::filesystem::path file;
+  std::filesystem::path backup_folder;  // as BackupFolder gives it
+  std::size_t routing_map = 0;          // into which the file's map goes
+};
+
+struct LoadResult {
+  enum class Outcome : std::uint8_t {
+    kLoaded,
+    kNoFile,      // the request names none
+    kDeclined,    // by the person; ECU and image are as they were
+    kBadFile,     // likewise; `file` says what is wrong with it
+    kNotBegun,    // likewise; the ECU's present configuration could not be read
+    kUnfinished,  // `words_written` words are in the ECU and in the image
+    kDifferent,   // all is written, and the ECU holds something else, which the image has too
+  };
+
+  Outcome outcome = Outcome::kNoFile;
+  LoadedConfiguration file;
+  std::filesystem::path backup;  // of what the ECU held; empty when there is none
+  std::size_t words_written = 0;
+  bool checked = false;                      // what was written has been read back
+  std::vector<BlockDifference> differences;  // first: written, second: held by the ECU
+  ModbusResult link_result = ModbusResult::kOk;
+};
+
+class LoadProcedure {
+ public:
+  // The document and the boxes outlive the procedure.
+  LoadProcedure(ClpgecuDoc& document, MessageBoxes& boxes, TransferProgress progress = {})
+      : document_(document), boxes_(boxes), progress_(std::move(progress)) {}
+
+  // Asks, loads, and says what became of it; details go to the status line.
+  LoadResult Run(const LoadRequest& request);
+
+ private:
+  using Outcome = LoadResult::Outcome;
+
+  Outcome RunSteps(const LoadRequest& request);
+  // False when the file is not to be loaded; `outcome` says why.
+  [[nodiscard]] bool AcceptFile(const LoadRequest& request, Outcome& outcome);
+  [[nodiscard]] bool ReadPresent();
+  [[nodiscard]] bool StoreBackup(const LoadRequest& request);
+  [[nodiscard]] bool Write(const ConfigurationBlock& block);
+  // False when the ECU holds something else than `block`.
+  [[nodiscard]] bool Check(const ConfigurationBlock& block);
+  // Runs `attempt` until it succeeds or the person gives up; `problem` gives the words of a failure
+  // that `link_result` belongs to.
+  [[nodiscard]] bool Persist(const std::function<ModbusResult()>& attempt,
+                             const std::function<std::string()>& problem);
+
+  ClpgecuDoc& document_;
+  MessageBoxes& boxes_;
+  const TransferProgress progress_;
+  LoadResult result_;
+  ConfigurationBlock present_{};  // what the ECU held
+};
+
+// What the ECU holds instead, a line a cell; a long list is cut, with the number of the rest.
+[[nodiscard]] std::string ListOfDifferences(const std::vector<BlockDifference>& differences);
+
+}  // namespace zelorgas

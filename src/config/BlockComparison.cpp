@@ -1,0 +1,60 @@
+#include "config/BlockComparison.h"
+
+namespace zelorgas {
+namespace {
+
+BlockDifference DifferenceOf(const BlockCell& cell, const ConfigurationBlock& first,
+                             const ConfigurationBlock& second) {
+  return {&cell, cell.Raw(first), cell.Raw(second), cell.Text(first), cell.Text(second)};
+}
+
+bool Gives(const LoadedConfiguration& file, const BlockCell& cell) {
+  return (file.given[cell.word] & cell.Mask()) == cell.Mask();
+}
+
+}  // namespace
+
+std::vector<BlockDifference> CompareBlocks(const ConfigurationBlock& first,
+                                           const ConfigurationBlock& second) {
+  std::vector<BlockDifference> differences;
+  if (first == second) return differences;
+  for (const BlockCell& cell : BlockCells()) {
+    if (cell.Raw(first) != cell.Raw(second)) {
+      differences.push_back(DifferenceOf(cell, first, second));
+    }
+  }
+  return differences;
+}
+
+std::vector<BlockDifference> CompareFileWithBlock(const LoadedConfiguration& file,
+                                                  const ConfigurationBlock& block) {
+  std::vector<BlockDifference> differences;
+  const ConfigurationBlock as_stored =
+      ReadConfigurationText(ConfigurationText(block, 0, {}), block, 0).shown;
+  for (const BlockCell& cell : BlockCells()) {
+    if (!Gives(file, cell) || cell.Raw(file.block) == cell.Raw(block) ||
+        cell.Raw(file.shown) == cell.Raw(as_stored)) {
+      continue;
+    }
+    differences.push_back(DifferenceOf(cell, file.shown, block));
+  }
+  return differences;
+}
+
+std::vector<BlockDifference> CompareFiles(const LoadedConfiguration& first,
+                                          const LoadedConfiguration& second) {
+  std::vector<BlockDifference> differences;
+  for (const BlockCell& cell : BlockCells()) {
+    if (Gives(first, cell) && Gives(second, cell) &&
+        cell.Raw(first.shown) != cell.Raw(second.shown)) {
+      differences.push_back(DifferenceOf(cell, first.shown, second.shown));
+    }
+  }
+  return differences;
+}
+
+std::string TextOf(const BlockDifference& difference) {
+  return difference.cell->Label() + ": " + difference.first_text + ", " + difference.second_text;
+}
+
+}  // namespace zelorgas

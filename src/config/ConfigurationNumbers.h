@@ -1,0 +1,31 @@
+// Numbers as configuration files hold them, whatever the system's language: the point is ".", and
+// digits are not grouped. Pure functions, for any thread.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zelorgas {
+
+// The whole number to the base 10 that is the whole text; white space before it and a sign are
+// taken. Nothing for any other text. A number that 32 bits cannot hold gives the nearest one that
+// they can.
+[[nodiscard]] std::optional<std::int32_t> ParseSigned(std::string_view text);
+// The same as an unsigned number; a negative one counts back from 2^32.
+[[nodiscard]] std::optional<std::uint32_t> ParseUnsigned(std::string_view text);
+
+// The decimal number that is the whole text, "1.25", "-3" or "4e2", as a double. Nothing for a
+// decimal comma, for "inf" and "nan", and for what a double cannot hold.
+[[nodiscard]] std::optional<double> ParseFileDecimal(std::string_view text);
+
+// As "%d".
+void AppendInteger(std::string& text, int number);
+// As "%.2f" for `decimals` 2. `number` is below 10 million.
+void AppendFixed(std::string& text, double number, int decimals);
+// The low `count` bits of `bits`, bit 0 first: "1;0;0".
+void AppendBits(std::string& text, unsigned bits, std::size_t count);
+
+}  // namespace zelorgas

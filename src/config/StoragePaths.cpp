@@ -1,0 +1,130 @@
+#include "config/StoragePaths.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+
+#include "platform/FileSystem.h"
+#include "platform/IgnoreCase.h"
+#include "platform/LocalTime.h"
+
+namespace zelorgas {
+namespace {
+
+// In bytes, with room for an extension below the 255 that file systems take.
+constexpr std::size_t kLongestName = 200;
+
+constexpr auto kDeviceNames =
+    std::to_array<std::string_view>({"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$", "CLOCK$"});
+constexpr std::array<std::string_view, 2> kNumberedDevices = {"COM", "LPT"};
+// Windows takes a superscript 1, 2 or 3 for the digit.
+constexpr std::array<std::string_view, 3> kSuperscripts = {"\u00B9", "\u00B2", "\u00B3"};
+
+// Windows keeps these for devices, in every folder and with every extension.
+bool IsDeviceName(std::string_view name) {
+  std::string_view stem = name.substr(0, name.find('.'));
+  while (stem.ends_with(' ')) stem.remove_suffix(1);
+  const auto is_stem = [stem](std::string_view device) { return EqualIgnoringCase(stem, device); };
+  if (std::ranges::any_of(kDeviceNames, is_stem)) return true;
+  constexpr std::size_t kLength = 3;
+  const std::string_view number = stem.substr(std::min(kLength, stem.size()));
+  const bool is_digit = number.size() == 1 && number[0] >= '0' && number[0] <= '9';
+  if (!is_digit && std::ranges::find(kSuperscripts, number) == kSuperscripts.end()) return false;
+  return std::ranges::any_of(kNumberedDevices, [stem](std::string_view device) {
+    return EqualIgnoringCase(stem.substr(0, kLength), device);
+  });
+}
+
+bool IsControl(char c) {
+  const auto code = static_cast<unsigned char>(c);
+  return code < 0x20 || code == 0x7F;
+}
+
+// How many bytes a character has that begins with `lead`; 0 when none does.
+std::size_t CharacterLength(unsigned char lead) {
+  if (lead < 0x80) return 1;
+  if (lead >= 0xC2 && lead <= 0xDF) return 2;
+  if (lead >= 0xE0 && lead <= 0xEF) return 3;
+  return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+}
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const auto lead = static_cast<unsigned char>(text.front());
+    const std::size_t length = CharacterLength(lead);
+    if (length == 0 || length > text.size()) return false;
+    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+    if (!std::ranges::all_of(text.substr(1, length - 1), continues)) return false;
+    if (length > 2) {
+      const auto second = static_cast<unsigned char>(text[1]);
+      // Forms that are too long, surrogates, and what lies past the last character.
+      if ((lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
+          (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F)) {
+        return false;
+      }
+    }
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+}  // namespace
+
+std::filesystem::path StorageRoot(const std::filesystem::path& working_folder) {
+  return working_folder / "storage";
+}
+
+std::filesystem::path StorageFolder(const std::filesystem::path& working_folder, unsigned gas_type,
+                                    std::string_view brand) {
+  return StorageRoot(working_folder) / (gas_type == kNaturalGas ? "CNG" : "LPG") /
+         PathFromText(brand.empty() ? kDefaultBrandFolder : brand);
+}
+
+std::filesystem::path BackupFolder(const std::filesystem::path& working_folder) {
+  return StorageRoot(working_folder) / "backup";
+}
+
+std::string MakeTimestampName(const std::tm& time) {
+  std::array<char, 80> text{};
+  std::snprintf(text.data(), text.size(), "%04u%02u%02u%02u%02u%02u_",
+                static_cast<unsigned>(time.tm_year + 1900), static_cast<unsigned>(time.tm_mon + 1),
+                static_cast<unsigned>(time.tm_mday), static_cast<unsigned>(time.tm_hour),
+                static_cast<unsigned>(time.tm_min), static_cast<unsigned>(time.tm_sec));
+  return text.data();
+}
+
+std::string MakeTimestampName() {
+  return MakeTimestampName(LocalTime(std::chrono::system_clock::now()));
+}
+
+std::string NameProblem(std::string_view name) {
+  constexpr std::string_view kForbidden = "<>:\"/\\|?*";
+  if (name.empty()) return "it is empty";
+  if (name.size() > kLongestName) return "it is too long";
+  if (!IsUtf8(name)) return "it is no valid text";
+  if (std::ranges::any_of(name, IsControl)) return "it contains a control character";
+  if (const std::size_t at = name.find_first_of(kForbidden); at != std::string_view::npos) {
+    return std::string("it contains ") + name[at];
+  }
+  // "." and ".." are among these.
+  if (name.ends_with('.') || name.ends_with(' ')) return "it ends with a dot or a blank";
+  if (name.starts_with(' ')) return "it begins with a blank";
+  if (IsDeviceName(name)) return "Windows keeps it for a device";
+  return {};
+}
+
+std::optional<std::filesystem::path> StorageFile(const std::filesystem::path& folder,
+                                                 std::string_view name, std::string_view extension,
+                                                 std::string& problem) {
+  problem = NameProblem(name);
+  if (!problem.empty()) return std::nullopt;
+  std::string file(name);
+  const bool has_extension =
+      file.size() > extension.size() &&
+      EqualIgnoringCase(std::string_view(file).substr(file.size() - extension.size()), extension);
+  if (!has_extension) file += extension;
+  return folder / PathFromText(file);
+}
+
+}  // namespace zelorgas

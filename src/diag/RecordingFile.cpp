@@ -1,0 +1,63 @@
+#include "diag/RecordingFile.h"
+
+#include <utility>
+
+#include "app/LoadProcedure.h"
+#include "app/StoreProcedure.h"
+#include "platform/FileSystem.h"
+
+namespace zelorgas {
+
+std::filesystem::path RecordingPath(const std::filesystem::path& folder, std::string_view name) {
+  std::string file(name.substr(0, name.rfind('.')));
+  file += kRecordingExtension;
+  return folder / PathFromText(file);
+}
+
+bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path,
+                    std::string& reason) {
+  XmlDocument document = RecordingDocument(traces);
+  const bool saved = document.Save(path);
+  if (!saved) reason = document.Result();
+  return saved;
+}
+
+RecordingContents LoadRecordingFile(const std::filesystem::path& path) {
+  XmlDocument document;
+  if (!document.Load(path)) {
+    return {{}, RecordingFault::kNoRecording, document.Result()};
+  }
+  return ReadRecording(document);
+}
+
+bool SaveRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
+                   MessageBoxes& boxes) {
+  if (StoreTargetOf(path) == StoreTarget::kExisting && !boxes.Ask(kStoreQuestion)) return false;
+  std::string reason;
+  if (!WriteRecording(oscilloscope.Traces(), path, reason)) {
+    boxes.Status(reason);
+    boxes.Inform(kConfigurationNotStored, MessageIcon::kError);
+    return false;
+  }
+  oscilloscope.MarkSaved();
+  boxes.Status("Saved " + PathText(path));
+  return true;
+}
+
+bool LoadRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
+                   MessageBoxes& boxes) {
+  if (!MayDropRecording(oscilloscope, boxes)) return false;
+  RecordingContents contents = LoadRecordingFile(path);
+  if (!contents.detail.empty()) boxes.Status(contents.detail);
+  if (contents.fault != RecordingFault::kNoRecording) oscilloscope.Show(std::move(contents.traces));
+  const bool complete = contents.fault == RecordingFault::kNone;
+  boxes.Inform(complete ? kConfigurationLoaded : kConfigurationNotLoaded,
+               complete ? MessageIcon::kInformation : MessageIcon::kError);
+  return complete;
+}
+
+bool MayDropRecording(const Oscilloscope& oscilloscope, MessageBoxes& boxes) {
+  return !oscilloscope.Unsaved() || boxes.Ask(kRecordingUnsaved);
+}
+
+}  // namespace zelorgas

@@ -1,0 +1,45 @@
+// Recordings in files, and the oscilloscope's save and load as a person sees them. Runs on the
+// thread that owns the oscilloscope.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "app/MessageBoxes.h"
+#include "diag/Oscilloscope.h"
+#include "diag/RecordingText.h"
+
+namespace zelorgas {
+
+inline constexpr std::string_view kRecordingExtension = ".osc";
+inline constexpr std::string_view kRecordingUnsaved =
+    "The recording has not been saved and will be lost!\nDo you want to continue?";
+
+// The recording `name`, cut at its last "." if it has one, in `folder`. `name` is UTF-8.
+[[nodiscard]] std::filesystem::path RecordingPath(const std::filesystem::path& folder,
+                                                  std::string_view name);
+
+// Writes the traces; the file is then either the old or the new one. False, with a reason for a
+// person, when it could not.
+[[nodiscard]] bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path,
+                                  std::string& reason);
+// kNoRecording also for a file that cannot be read.
+[[nodiscard]] RecordingContents LoadRecordingFile(const std::filesystem::path& path);
+
+// Saves what the oscilloscope shows; asks before it writes over a file. The status line tells how
+// it went; a failure also gets a message box.
+bool SaveRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
+                   MessageBoxes& boxes);
+
+// Shows the file's recording in place of the present one; asks first when that is unsaved. A file
+// that is no recording leaves everything as it was. Pieces that are no numbers are left out, and
+// the rest is shown, with the error message. The status line tells what is wrong. True when
+// everything was read.
+bool LoadRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
+                   MessageBoxes& boxes);
+
+// For whoever is about to drop the recording: true when it is saved or may be lost.
+[[nodiscard]] bool MayDropRecording(const Oscilloscope& oscilloscope, MessageBoxes& boxes);
+
+}  // namespace zelorgas

@@ -1,0 +1,131 @@
+#include "diag/RecordingText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <optional>
+
+#include "diag/ScopeNumbers.h"
+
+namespace zelorgas {
+namespace {
+
+constexpr std::string_view kRoot = "GASECUOscilloscope";
+constexpr std::string_view kConfigurationRoot = "GASECUConfiguration";
+constexpr std::string_view kData = "Osc_data";
+constexpr std::string_view kNotes = "Notes";
+constexpr std::string_view kVersion = "1.00";
+
+// Gives the first piece that is no number.
+std::optional<std::string_view> SplitSamples(std::string_view list, std::deque<double>& samples) {
+  std::optional<std::string_view> wrong;
+  while (!list.empty()) {
+    const std::string_view piece = list.substr(0, list.find(';'));
+    list.remove_prefix(std::min(piece.size() + 1, list.size()));
+    if (const std::optional<double> sample = ReadDecimal(piece)) {
+      samples.push_back(*sample);
+    } else if (!wrong) {
+      wrong = piece;
+    }
+  }
+  return wrong;
+}
+
+std::string WhyNoRecording(XmlDocument& document) {
+  document.ResetPosition();
+  if (document.FindElement(kConfigurationRoot)) {
+    return "The file is a configuration, not a recording";
+  }
+  return "The file is not a recording";
+}
+
+void AddTo(std::string& list, std::string_view separator, std::string_view text) {
+  if (!list.empty()) list += separator;
+  list += text;
+}
+void AddDetail(std::string& detail, std::string_view text) { AddTo(detail, "; ", text); }
+
+void ReadChannels(const XmlDocument& document, RecordingContents& contents) {
+  std::string missing;
+  for (std::size_t i = 0; i < kScopeChannels; ++i) {
+    const std::string name(ScopeChannelTable()[i].name);
+    if (!document.HasChildAttribute(name)) {
+      AddTo(missing, ", ", name);
+      continue;
+    }
+    const std::string list = document.GetChildAttribute(name);
+    if (const auto wrong = SplitSamples(list, contents.traces.channels[i])) {
+      constexpr std::size_t kShownCharacters = 20;
+      contents.fault = RecordingFault::kBadNumbers;
+      AddDetail(contents.detail, "Channel " + name + ": \"" +
+                                     std::string(wrong->substr(0, kShownCharacters)) +
+                                     "\" is no number");
+    }
+  }
+  if (!missing.empty()) AddDetail(contents.detail, "Missing: " + missing);
+}
+
+}  // namespace
+
+XmlDocument RecordingDocument(const ScopeTraces& traces) {
+  XmlDocument document;
+  document.SetDocumentText("<?xml version=\"1.0\"?>\r\n");
+  document.AddElement(kRoot);
+  document.SetAttribute("\r\n\tVersion", kVersion);
+  document.AddChildElement(kData);
+  for (std::size_t i = 0; i < kScopeChannels; ++i) {
+    document.SetChildAttribute("\r\n\t" + std::string(ScopeChannelTable()[i].name),
+                               JoinHundredths(traces.channels[i]));
+  }
+  document.AddChildElement(kNotes);
+  document.SetChildAttribute("\r\n\t\tText", traces.notes);
+  return document;
+}
+
+RecordingContents ReadRecording(XmlDocument& document) {
+  RecordingContents contents;
+  document.ResetPosition();
+  if (!document.FindElement(kRoot)) {
+    contents.detail = WhyNoRecording(document);
+  } else if (const std::string version = document.GetAttribute("Version"); version != kVersion) {
+    contents.detail = "The recording's version is \"" + version + "\", not \"1.00\"";
+  } else if (!document.FindChildElement(kData)) {
+    contents.detail = "The recording has no data";
+  }
+  contents.fault = contents.detail.empty() ? RecordingFault::kNone : RecordingFault::kNoRecording;
+  if (contents.fault == RecordingFault::kNone) {
+    ReadChannels(document, contents);
+    document.ResetPosition();
+    if (document.FindElement(kRoot) && document.FindChildElement(kNotes)) {
+      contents.traces.notes = document.GetChildAttribute("Text");
+    }
+  }
+  const std::string& findings = document.ErrorText();
+  if (!findings.empty()) AddDetail(contents.detail, findings.substr(0, findings.find('\n')));
+  return contents;
+}
+
+std::string RecordingCsv(const ScopeTraces& traces) {
+  std::string csv = "seconds_ago";
+  for (const ScopeChannelInfo& channel : ScopeChannelTable()) {
+    csv.append(",").append(channel.name);
+  }
+  csv += '\n';
+  constexpr std::size_t kNumberCharacters = 32;
+  std::array<char, kNumberCharacters> number{};
+  for (std::size_t moment = 0; moment < traces.Length(); ++moment) {
+    // The period is a tenth: counting tenths keeps the times free of binary fractions.
+    csv += std::to_string(moment / 10) + '.' + std::to_string(moment % 10);
+    for (const std::optional<double> value : ScopeReadOut(traces, moment)) {
+      csv += ',';
+      if (!value) continue;
+      const auto written = std::to_chars(number.data(), number.data() + number.size(), *value);
+      csv.append(number.data(), written.ptr);
+    }
+    csv += '\n';
+  }
+  return csv;
+}
+
+}  // namespace zelorgas

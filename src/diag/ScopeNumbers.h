@@ -1,0 +1,20 @@
+// The numbers of recordings: written with two decimals, read as any decimal number. The point is
+// the decimal sign whatever the locale. Pure functions, safe from any thread.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zelorgas {
+
+// The values as "%.2f" writes them, joined by ";": the exact binary value decides how a half is
+// rounded.
+[[nodiscard]] std::string JoinHundredths(const std::deque<double>& values);
+
+// The number that `text` is as a whole, white space and a plus sign in front allowed; nothing for
+// anything else, "inf" and "nan" and numbers beyond a double's range included.
+[[nodiscard]] std::optional<double> ReadDecimal(std::string_view text);
+
+}  // namespace zelorgas

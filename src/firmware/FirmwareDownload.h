@@ -1,0 +1,112 @@
+// Replacing the firmware of the ECU: erase only, and erase and program. The one operation after
+// which a car may stand, so nothing is erased before everything that can be checked was checked,
+// and success is only what the bootloader has confirmed exchange by exchange.
+//
+// Runs on one thread, which may be a dialog's own; the message boxes and the hooks are called on
+// it. The communication worker must not run meanwhile: who starts an update stops it before. The
+// port may be open or closed; it is left open.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "app/ClpgecuDoc.h"
+#include "app/Identification.h"
+#include "app/MessageBoxes.h"
+#include "firmware/FirmwareImages.h"
+#include "firmware/FlashProgress.h"
+#include "firmware/mbFlasher.h"
+
+namespace zelorgas {
+
+inline constexpr std::string_view kNoSupplyMessage = "Error, no VDD on FLMD0 pin!";
+inline constexpr std::string_view kEraseFailed = "Erase failed! Block is not blank!";
+inline constexpr std::string_view kErased = "Tha application has been erased successfuly!";
+inline constexpr std::string_view kWriteFailed = "Write failed!";
+inline constexpr std::string_view kFlashModeStays =
+    "Flash mode could not be switched off!\nPlease switch the power supply of the ECU off and on.";
+inline constexpr std::string_view kNoCopyQuestion =
+    "The configuration of the ECU could not be stored!\nDo you want to go on without a copy of it?";
+
+// What the surroundings add; each may be empty.
+struct FirmwareHooks {
+  // After every piece of the image.
+  std::function<void(const FlashProgress&)> progress = {};
+  // Asked as long as nothing is erased; true ends the update there. Later a stop would leave an ECU
+  // without firmware, and nobody is asked.
+  std::function<bool()> stop_wanted = {};
+  // Before the ECU leaves its application: stores its configuration and gives the name it is stored
+  // under, or nothing when that failed.
+  std::function<std::optional<std::string>()> store_configuration = {};
+  // After a successful download: `stored` can be loaded again.
+  std::function<void(const std::string& stored)> offer_configuration = {};
+};
+
+class FirmwareDownload {
+ public:
+  enum class Outcome : std::uint8_t {
+    kDone,      // the flash is blank, or holds the image
+    kDeclined,  // the person has said no; nothing was changed
+    kStopped,   // by the hook; nothing was erased
+    kBadImage,  // the person has been told why; nothing was erased
+    kFailed,    // the person has been told why; the ECU may be without firmware
+  };
+
+  // Both outlive the download.
+  FirmwareDownload(ClpgecuDoc& document, MessageBoxes& boxes, FirmwareHooks hooks = {});
+
+  // Erase blocks 2 and 3 after a question that names `ecu`, and in the second case program `image`.
+  Outcome Erase(const EcuIdentity& ecu);
+  Outcome Program(const std::filesystem::path& image, const EcuIdentity& ecu);
+
+  // True from the order to switch flash mode on until it is off again: a dialog that is closed now
+  // would leave the ECU like this. Any thread.
+  [[nodiscard]] bool FlashOpen() const { return flash_open_; }
+  // True once the last update has begun to erase: when it has failed then, the ECU may be without
+  // firmware.
+  [[nodiscard]] bool FlashChanged() const { return flash_changed_; }
+  // The link's result on which the last update failed; kOk when it did not fail, or by what the ECU
+  // answered.
+  [[nodiscard]] ModbusResult FailureResult() const { return failure_result_; }
+
+ private:
+  class OpenFlash;
+  // How an update ended, and what the person is told when flash mode is off again.
+  struct End {
+    Outcome outcome = Outcome::kDone;
+    std::string_view message = {};
+    MessageIcon icon = MessageIcon::kNone;
+    ModbusResult result = ModbusResult::kOk;
+
+    [[nodiscard]] bool GoOn() const { return outcome == Outcome::kDone; }
+  };
+
+  [[nodiscard]] End EraseUnderway();
+  [[nodiscard]] End ProgramUnderway(const std::filesystem::path& image,
+                                    const std::vector<std::uint8_t>& checked);
+  [[nodiscard]] End Prepare();
+  [[nodiscard]] End WriteImage(mbFlasher& flasher, const std::vector<std::uint8_t>& image,
+                               std::uint32_t start);
+  // The link failed, or the bootloader said nonsense, before anything was erased.
+  [[nodiscard]] static End LinkDown(const mbFlasher& flasher);
+  [[nodiscard]] static End CheckSupply(mbFlasher& flasher);
+  [[nodiscard]] static End CheckRoom(mbFlasher& flasher, std::size_t size, std::uint32_t& start);
+  [[nodiscard]] static End EraseBlocks(mbFlasher& flasher, MessageIcon icon);
+  Outcome Tell(const End& end);
+  [[nodiscard]] bool StopWanted() const { return hooks_.stop_wanted && hooks_.stop_wanted(); }
+  [[nodiscard]] mbFlasher MakeFlasher();
+
+  ClpgecuDoc& document_;
+  MessageBoxes& boxes_;
+  const FirmwareHooks hooks_;
+  std::atomic<bool> flash_open_{false};
+  bool flash_changed_ = false;
+  ModbusResult failure_result_ = ModbusResult::kOk;
+};
+
+}  // namespace zelorgas

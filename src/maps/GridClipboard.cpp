@@ -1,0 +1,117 @@
+#include "maps/GridClipboard.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "maps/DecimalNumber.h"
+#include "maps/GridEdits.h"
+
+namespace zelorgas {
+namespace {
+
+using Row = std::vector<double>;
+using Block = std::vector<Row>;
+
+// The text up to the next `separator`; `rest` becomes what is behind it, and `more` whether there
+// was one.
+std::string_view NextPart(std::string_view& rest, char separator, bool& more) {
+  const std::size_t end = rest.find(separator);
+  more = end != std::string_view::npos;
+  const std::string_view part = rest.substr(0, end);
+  rest.remove_prefix(more ? end + 1 : rest.size());
+  return part;
+}
+
+std::optional<double> ParseField(std::string_view field) {
+  std::string number(Trimmed(field));
+  std::ranges::replace(number, ',', '.');
+  return ParseDecimal(number);
+}
+
+std::string Quantity(std::size_t count, const char* what) {
+  return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
+}
+
+std::optional<Block> ParseBlock(std::string_view text, std::string& message) {
+  // Spreadsheets end the last line too.
+  text = text.substr(0, text.find_last_not_of("\r\n") + 1);
+  if (Trimmed(text).empty()) {
+    message = "There is nothing to paste!";
+    return std::nullopt;
+  }
+  Block block;
+  bool more_lines = true;
+  while (more_lines) {
+    std::string_view line = NextPart(text, '\n', more_lines);
+    Row& row = block.emplace_back();
+    bool more_fields = true;
+    while (more_fields) {
+      const std::string_view field = NextPart(line, '\t', more_fields);
+      const std::optional<double> value = ParseField(field);
+      if (!value) {
+        message = "Row " + std::to_string(block.size()) + ", column " +
+                  std::to_string(row.size() + 1) + " of the pasted text: \"" +
+                  std::string(Trimmed(field)) + "\" is not a number!";
+        return std::nullopt;
+      }
+      row.push_back(*value);
+    }
+    if (row.size() != block.front().size()) {
+      message = "The rows of the pasted text differ in length: row 1 has " +
+                Quantity(block.front().size(), "cell") + ", row " + std::to_string(block.size()) +
+                " has " + std::to_string(row.size()) + "!";
+      return std::nullopt;
+    }
+  }
+  return block;
+}
+
+}  // namespace
+
+std::string CopyBlock(const GridMatrix& matrix, std::span<const GridCell> cells) {
+  if (cells.empty()) return {};
+  const auto [first, last] = RectangleAround(cells);
+  std::string text;
+  for (std::size_t row = first.row; row <= last.row; ++row) {
+    for (std::size_t column = first.column; column <= last.column; ++column) {
+      text += CoefficientText(matrix[row][column]);
+      text += column == last.column ? '\n' : '\t';
+    }
+  }
+  return text;
+}
+
+std::optional<CItemStepList> PlaceBlock(std::string_view text, std::span<const GridCell> cells,
+                                        std::string& message) {
+  if (cells.empty()) {
+    message = "Select the cell at which the pasted block begins!";
+    return std::nullopt;
+  }
+  const std::optional<Block> block = ParseBlock(text, message);
+  if (!block) return std::nullopt;
+  CItemStepList points;
+  if (block->size() == 1 && block->front().size() == 1) {
+    for (const GridCell cell : cells) {
+      points.push_back({cell.row, cell.column, block->front().front()});
+    }
+    return points;
+  }
+  const GridCell first = RectangleAround(cells).first;
+  const std::size_t columns = block->front().size();
+  if (first.row + block->size() > kGridSize || first.column + columns > kGridSize) {
+    message = "The pasted block has " + Quantity(block->size(), "row") + " and " +
+              Quantity(columns, "column") + "; from the selected cell on there is room for " +
+              std::to_string(kGridSize - first.row) + " and " +
+              std::to_string(kGridSize - first.column) + "!";
+    return std::nullopt;
+  }
+  for (std::size_t row = 0; row < block->size(); ++row) {
+    for (std::size_t column = 0; column < columns; ++column) {
+      points.push_back({static_cast<std::uint16_t>(first.row + row),
+                        static_cast<std::uint16_t>(first.column + column), (*block)[row][column]});
+    }
+  }
+  return points;
+}
+
+}  // namespace zelorgas

@@ -1,0 +1,141 @@
+// The correction grid as the program holds it and as a person changes it: coefficients, cell
+// centres, the live cell, undo and redo. Every change goes to the ECU at once, cell by cell, and
+// only what the ECU has taken is taken here and into the image; after a failure everything is read
+// from the ECU once more. Used by the user-interface thread.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/ClpgecuDoc.h"
+#include "app/MessageBoxes.h"
+#include "maps/CUndoStack.h"
+#include "maps/GridAxes.h"
+#include "maps/GridEdits.h"
+#include "maps/LiveMarker.h"
+
+namespace zelorgas {
+
+inline constexpr std::string_view kOutOfRangeInput =
+    "A value, out of the permitted range, is input!";
+
+// Who watches an action; either may be empty. They may let events run, but an action that they
+// start meanwhile is refused.
+struct GridWatch {
+  // The ECU, the image and the model hold the cell's new coefficient now.
+  std::function<void(GridCell)> cell_written;
+  // Asked after each cell, `done` of `total` being behind; false leaves the rest as it is.
+  std::function<bool(std::size_t done, std::size_t total)> keep_going;
+};
+
+struct GridResult {
+  bool refused = false;  // nothing was sent: no number, no cell, no step, or another action runs
+  std::size_t written = 0;
+  std::vector<GridCell> failed{};  // the ECU has not taken these, or has not answered
+  bool clamped = false;            // a value was out of range
+  bool cancelled = false;
+};
+
+enum class NudgeDirection : std::uint8_t { kIncrease, kDecrease };
+
+class GridModel {
+ public:
+  // `document` and `boxes` outlive the model.
+  GridModel(ClpgecuDoc& document, MessageBoxes& boxes) : document_(document), boxes_(boxes) {}
+
+  // What the ECU holds, from the image's words. The counts in use say how many of the centres are
+  // taken; the others stay.
+  void SetRowCentres(std::span<const std::uint16_t> words, std::uint16_t rows);
+  void SetColumnCentres(std::span<const std::uint16_t> words, std::uint16_t columns);
+  // Rows of 16 words.
+  void SetCoefficients(std::span<const std::uint16_t> words);
+  // All three of a new image.
+  void TakeImage(const EcuImage& image);
+
+  [[nodiscard]] const GridAxes& Axes() const { return axes_; }
+  [[nodiscard]] const GridMatrix& Coefficients() const { return matrix_; }
+  [[nodiscard]] std::string CellText(GridCell cell) const;
+  [[nodiscard]] std::string RowHeader(std::size_t row) const {
+    return TimeText(axes_.times_ms[row]);
+  }
+  [[nodiscard]] std::string ColumnHeader(std::size_t column) const {
+    return SpeedText(axes_.speeds_rpm[column]);
+  }
+
+  // Moves the marker to where the engine runs, now by the document's clock.
+  void ShowLivePoint(double speed_rpm, double petrol_time_ms);
+  void ShowLivePoint(const EcuImage& image);
+  [[nodiscard]] LiveMarker& Live() { return live_; }
+  // The trail as it is now.
+  [[nodiscard]] std::vector<TrailPoint> Trail() const;
+
+  // The edits. All are one step of Undo, with those of their cells that the ECU has taken. A value
+  // out of range is written as the nearer bound; that, and cells that failed, is told at the end.
+  // A text that is no number changes nothing, without a word.
+  GridResult EditCell(GridCell cell, std::string_view text, const GridWatch& watch = {});
+  GridResult ModifyArea(std::span<const GridCell> cells, AreaChange change,
+                        const GridWatch& watch = {});
+  // What the dialog opens with: the change that was made last.
+  [[nodiscard]] AreaChange LastAreaChange() const { return last_change_; }
+  GridResult Nudge(double percent, NudgeDirection direction, const GridWatch& watch = {});
+  GridResult Interpolate(std::span<const GridCell> cells, const GridWatch& watch = {});
+  GridResult Smooth(std::span<const GridCell> cells, const GridWatch& watch = {});
+  // `source` is as a rule the cell with the cursor.
+  GridResult SetEqual(std::span<const GridCell> cells, GridCell source,
+                      const GridWatch& watch = {});
+  GridResult Step(std::span<const GridCell> cells, int hundredths, const GridWatch& watch = {});
+  // A block that cannot be pasted is refused with a message that says why.
+  GridResult Paste(std::span<const GridCell> cells, std::string_view text,
+                   const GridWatch& watch = {});
+  [[nodiscard]] std::string Copy(std::span<const GridCell> cells) const;
+
+  // Give the cells of the newest step back what they had. What could not be given back, or was left
+  // when the person cancelled, stays the newest step.
+  GridResult Undo(const GridWatch& watch = {});
+  GridResult Redo(const GridWatch& watch = {});
+  [[nodiscard]] bool CanUndo() const { return !undo_.Empty(); }
+  [[nodiscard]] bool CanRedo() const { return !redo_.Empty(); }
+  // For another ECU, whose cells the steps have never been.
+  void ForgetSteps();
+
+  // Writes the columns' centres, then the rows', each in one request. An axis whose request failed
+  // keeps its centres; that is told at the end.
+  struct CentresResult {
+    bool columns_written = false;
+    bool rows_written = false;
+  };
+  CentresResult WriteCentres(const GridAxes& centres);
+
+ private:
+  // Whether a coefficient comes from the person, or from the ECU itself.
+  enum class Origin : std::uint8_t { kPerson, kEcu };
+  struct Written {
+    GridResult result;
+    CItemStepList before;  // of the cells that were written
+    CItemStepList left;    // the points that were not
+  };
+
+  GridResult Do(const CItemStepList& points, const GridWatch& watch);
+  GridResult TakeBack(CUndoStack& from, CUndoStack& to, const GridWatch& watch);
+  Written WriteCells(const CItemStepList& points, Origin origin, const GridWatch& watch);
+  void Tell(const GridResult& result);
+  void TellFailure();
+
+  ClpgecuDoc& document_;
+  MessageBoxes& boxes_;
+
+  GridAxes axes_ = DefaultAxes();
+  GridMatrix matrix_ = DefaultCoefficients();
+  AreaChange last_change_;
+  CUndoStack undo_;
+  CUndoStack redo_;
+  bool writing_ = false;
+  LiveMarker live_;
+};
+
+}  // namespace zelorgas

@@ -1,0 +1,12 @@
+#include "platform/LocalTime.h"
+
+namespace zelorgas {
+
+std::tm LocalTime(std::chrono::system_clock::time_point when) {
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(when);
+  std::tm time{};
+  if (::localtime_r(&seconds, &time) == nullptr) return {};
+  return time;
+}
+
+}  // namespace zelorgas

@@ -1,0 +1,181 @@
+#include <gmock/gmock.h>
+
+#include "app/LoadProcedure.h"
+#include "platform/FileSystem.h"
+#include "support/PolledDocument.h"
+#include "support/SampleConfiguration.h"
+#include "support/TemporaryFolder.h"
+
+namespace zelorgas {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using Outcome = LoadResult::Outcome;
+
+constexpr std::uint64_t kChunks = 19;
+constexpr std::string_view kFailed =
+    "error: An error has occured while trying to load configuration data!";
+constexpr std::string_view kQuestion =
+    "question: The current configuration data are giong to be loaded from the selected file!\n"
+    "Do you realy want to continue?";
+
+class LoadProcedureTest : public testing::Test {
+ protected:
+  LoadProcedureTest() {
+    ecu_and_pc_.boxes.answer = true;
+    WriteFile(SampleText());
+  }
+
+  void WriteFile(const std::string& text) {
+    std::string problem;
+    ASSERT_TRUE(WriteWholeFile(file_, text, problem)) << problem;
+  }
+
+  LoadResult Load(const TransferProgress& progress = {}) {
+    return LoadProcedure(ecu_and_pc_.document, ecu_and_pc_.boxes, progress)
+        .Run({.file = file_, .backup_folder = backup_folder_});
+  }
+
+  void ExpectUntouched(const LoadResult& result) {
+    EXPECT_EQ(ecu_and_pc_.ecu.Block(), before_);
+    EXPECT_EQ(ecu_and_pc_.document.Image().block, before_);
+    EXPECT_EQ(result.words_written, 0U);
+    EXPECT_TRUE(ecu_and_pc_.Polls());
+  }
+
+  TemporaryFolder folder_;
+  std::filesystem::path file_ = folder_.Path() / "car.fob";
+  std::filesystem::path backup_folder_ = folder_.Path() / "storage" / "backup";
+  PolledDocument ecu_and_pc_;
+  const ConfigurationBlock before_ = ecu_and_pc_.ecu.Block();
+};
+
+TEST_F(LoadProcedureTest, WritesChecksAndKeepsWhatWasThere) {
+  std::string stages;
+  const double start_ms = ecu_and_pc_.clock.ElapsedMs();
+  const LoadResult result = Load([&](TransferStage stage, std::size_t words) {
+    if (words == 0 || words == 583) stages += std::to_string(static_cast<int>(stage)) + ' ';
+  });
+  EXPECT_EQ(result.outcome, Outcome::kLoaded);
+  EXPECT_TRUE(result.checked);
+  EXPECT_EQ(stages, "0 0 1 1 2 2 ");
+  EXPECT_THAT(
+      ecu_and_pc_.boxes.said,
+      ElementsAre(kQuestion, "note: The configuration data have been loaded successfully!"));
+  // 250 ms before each of the three transfers, and a rest after each chunk that was written.
+  EXPECT_GE(ecu_and_pc_.clock.ElapsedMs() - start_ms, 3 * 250 + 25 * static_cast<double>(kChunks));
+
+  const ConfigurationBlock held = ecu_and_pc_.ecu.Block();
+  EXPECT_EQ(held, ReadText(SampleText(), before_).block);
+  EXPECT_EQ(ecu_and_pc_.document.Image().block, held);
+  EXPECT_EQ(ReadConfigurationFile(result.backup, {}, 0).block[28], before_[28]);
+  EXPECT_EQ(ReadNotes(result.backup), "What the ECU held before car.fob was loaded into it");
+  EXPECT_NE(Load().backup, result.backup) << "in the same second, too";
+  EXPECT_TRUE(ecu_and_pc_.Polls());
+}
+
+TEST_F(LoadProcedureTest, AFileThatIsNoneTouchesNothing) {
+  const std::string text = SampleText();
+  const std::pair<std::string, std::string> rows[] = {
+      {Replaced(text, "1.00", "1.01"), "The version is \"1.01\" and not \"1.00\""},
+      {Replaced(Replaced(text, "0.29;", "x;"), ";13.69", ";y"),
+       "GridRow[0], value 1: \"x\" is no number that can be loaded (and 1 more)"},
+      {"", "There is no element GASECUConfiguration"}};
+  for (const auto& [content, reason] : rows) {
+    WriteFile(content);
+    ecu_and_pc_.boxes.said.clear();
+    const LoadResult result = Load();
+    EXPECT_EQ(result.outcome, Outcome::kBadFile);
+    EXPECT_THAT(ecu_and_pc_.boxes.said, ElementsAre(kQuestion, kFailed));
+    EXPECT_EQ(ecu_and_pc_.boxes.statuses.back(), reason);
+    ExpectUntouched(result);
+  }
+  file_ = folder_.Path();
+  EXPECT_EQ(Load().outcome, Outcome::kBadFile);
+  file_.clear();
+  EXPECT_EQ(Load().outcome, Outcome::kNoFile);
+  EXPECT_FALSE(std::filesystem::exists(backup_folder_));
+}
+
+TEST_F(LoadProcedureTest, WhatThePersonDoesNotWantIsNotDone) {
+  WriteFile(SampleText().substr(0, 4000));
+  for (const char* words : {"from the selected file", "The file is damaged:\nElement"}) {
+    ecu_and_pc_.boxes.declined = words;
+    const LoadResult result = Load();
+    EXPECT_EQ(result.outcome, Outcome::kDeclined) << words;
+    EXPECT_THAT(ecu_and_pc_.boxes.said.back(), HasSubstr(words));
+    ExpectUntouched(result);
+  }
+  WriteFile(SampleText());
+  backup_folder_ = file_ / "backup";
+  ecu_and_pc_.boxes.declined = "could not be stored beforehand";
+  ExpectUntouched(Load());
+}
+
+TEST_F(LoadProcedureTest, ALinkThatDiesSaysHowFarItGot) {
+  ecu_and_pc_.boxes.declined = "try again";
+  const ConfigurationBlock wanted = ReadText(SampleText(), before_).block;
+  for (std::uint64_t chunk = 0; chunk < kChunks; ++chunk) {
+    for (std::size_t i = 0; i < kBlockWords; ++i) {
+      ecu_and_pc_.ecu.SetRegister(RegisterOfWord(i), before_[i]);
+    }
+    ecu_and_pc_.document.Image().block = before_;
+    ecu_and_pc_.LoseRequest(kChunks + 1 + chunk);
+    const LoadResult result = Load();
+    EXPECT_EQ(result.outcome, Outcome::kUnfinished);
+    EXPECT_EQ(result.link_result, ModbusResult::kTimeOut);
+    EXPECT_EQ(result.words_written, 32 * chunk);
+    EXPECT_THAT(ecu_and_pc_.boxes.said.end()[-2],
+                HasSubstr("The link failed after " + std::to_string(32 * chunk) +
+                          " of 583 values had been written: Time Out Error\n"
+                          "Do you want to try again?"));
+    EXPECT_EQ(ecu_and_pc_.boxes.said.back(), kFailed);
+    EXPECT_THAT(ecu_and_pc_.boxes.statuses.back(), HasSubstr(PathText(result.backup)));
+    const ConfigurationBlock held = ecu_and_pc_.ecu.Block();
+    EXPECT_EQ(ecu_and_pc_.document.Image().block, held);
+    for (std::size_t i = 0; i < kBlockWords; ++i) {
+      EXPECT_EQ(held[i], i < 32 * chunk ? wanted[i] : before_[i]) << chunk << ' ' << i;
+    }
+    EXPECT_TRUE(ecu_and_pc_.Polls());
+  }
+}
+
+TEST_F(LoadProcedureTest, EachStageCanBeTriedAgain) {
+  for (const std::uint64_t request : {std::uint64_t{5}, kChunks + 7, 2 * kChunks + 19}) {
+    ecu_and_pc_.boxes.said.clear();
+    ecu_and_pc_.LoseRequest(request);
+    const LoadResult result = Load();
+    EXPECT_EQ(result.outcome, Outcome::kLoaded) << request;
+    EXPECT_TRUE(result.checked);
+    EXPECT_EQ(ecu_and_pc_.boxes.said.size(), 3U);
+    EXPECT_THAT(ecu_and_pc_.boxes.said[1], HasSubstr("try again?"));
+  }
+  ecu_and_pc_.boxes.declined = "try again";
+  ecu_and_pc_.LoseRequest(2 * kChunks + 1);
+  const LoadResult unchecked = Load();
+  EXPECT_EQ(unchecked.outcome, Outcome::kLoaded);
+  EXPECT_FALSE(unchecked.checked);
+  ecu_and_pc_.LoseRequest(1);
+  EXPECT_EQ(Load().outcome, Outcome::kNotBegun);
+}
+
+TEST_F(LoadProcedureTest, WhatTheEcuHoldsInsteadIsSaidParameterByParameter) {
+  const LoadResult result = Load([&](TransferStage stage, std::size_t words) {
+    if (stage != TransferStage::kChecking || words != 0) return;
+    ecu_and_pc_.ecu.SetRegister(RegisterOfWord(28), 3);
+    ecu_and_pc_.ecu.SetRegister(RegisterOfWord(114), 100);
+  });
+  EXPECT_EQ(result.outcome, Outcome::kDifferent);
+  EXPECT_EQ(result.differences.size(), 2U);
+  EXPECT_THAT(ecu_and_pc_.boxes.said,
+              ElementsAre(kQuestion,
+                          "note: The ECU has not taken everything that was written:\n"
+                          "NCYLINDERS: 1028 was written, the ECU holds 3\n"
+                          "GridRow[0][0]: 0.29 was written, the ECU holds 1.00",
+                          kFailed));
+  EXPECT_EQ(ecu_and_pc_.document.Image().block, ecu_and_pc_.ecu.Block());
+}
+
+}  // namespace
+}  // namespace zelorgas
