@@ -2,13 +2,14 @@
 
 namespace zelorgas {
 
-void FirmwareAdvice::Start(bool in_bootloader) {
+FirmwareUpdate::End FirmwareAdvice::Start(bool in_bootloader) {
   if (in_bootloader) {
     boxes_.Inform("The ECU is in its bootloader and stays there until it gets its firmware.",
                   MessageIcon::kInformation);
   }
   boxes_.Inform("This command does not replace firmware: use the firmware update of ZelorGAS.",
                 MessageIcon::kInformation);
+  return End::kUntouched;
 }
 
 CliConnection::CliConnection(CliSession& session)

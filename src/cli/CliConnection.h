@@ -14,7 +14,7 @@ class FirmwareAdvice final : public FirmwareUpdate {
   // `boxes` outlives the advice.
   explicit FirmwareAdvice(MessageBoxes& boxes) : boxes_(boxes) {}
 
-  void Start(bool in_bootloader) override;
+  End Start(bool in_bootloader) override;
 
  private:
   MessageBoxes& boxes_;

@@ -28,6 +28,7 @@ struct CliEnvironment {
   // program; a second one ends it all the same.
   std::function<void()> catch_interrupts;
   std::atomic<bool>& interrupted;
+  bool err_is_terminal = false;  // a line on `err` can be drawn over
 };
 
 }  // namespace zelorgas

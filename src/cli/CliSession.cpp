@@ -1,6 +1,8 @@
 #include "cli/CliSession.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "app/PortListModel.h"
@@ -28,6 +30,13 @@ std::optional<std::string_view> ComPortDigits(std::string_view port) {
   return digits;
 }
 
+// A pipe or a device: it can hold up whoever opens it, and the trace replaces its file.
+bool IsSpecialFile(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
+}
+
 SerialOpener PortsOf(const CliEnvironment& environment) {
   return [&environment](const std::string& name) {
     return name == kSimulatedPortName ? environment.simulated_ecu(name)
@@ -52,7 +61,8 @@ ExitStatus CliSession::SelectLink() {
   if (std::string problem; !SelectPort(port, problem)) return UsageError(problem);
   document_.Link().SetAttemptCount(options_.attempts);
   if (!StartTrace()) {
-    Message("cannot write " + options_.trace_file);
+    Message("cannot write " + options_.trace_file +
+            (IsSpecialFile(options_.trace_file) ? ": it is not a regular file" : ""));
     return ExitStatus::kFileFailure;
   }
   return ExitStatus::kDone;
@@ -86,6 +96,7 @@ std::optional<std::string> CliSession::Option(std::string_view name) const {
 
 bool CliSession::StartTrace() {
   if (options_.trace_file.empty()) return true;
+  if (IsSpecialFile(options_.trace_file)) return false;
   if (!log_.Open(options_.trace_file, environment_.clock.Now())) return false;
   document_.Link().SetTraceSink([this](const FrameTrace& trace) {
     log_.Write(trace, document_.Link().ErrorText(trace.result));
@@ -97,10 +108,13 @@ void CliSession::Print(std::string_view line) { environment_.out << line << '\n'
 
 void CliSession::Print(const JsonWriter& document) { Print(document.Text()); }
 
-void CliSession::Message(std::string_view text) { environment_.err << kProgram << text << '\n'; }
+void CliSession::Message(std::string_view text) {
+  environment_.err << kProgram << EscapeControls(text, "\n") << '\n';
+}
 
 ExitStatus CliSession::UsageError(std::string_view text) {
-  Message(text);
+  // It is one line, whatever the argument that it quotes holds.
+  Message(EscapeControls(text));
   environment_.err << usage_;
   return ExitStatus::kWrongUsage;
 }

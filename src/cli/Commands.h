@@ -31,9 +31,20 @@ struct Command {
 
 [[nodiscard]] ExitStatus RunPorts(CliSession& session, std::span<const std::string> arguments);
 [[nodiscard]] ExitStatus RunIdentify(CliSession& session, std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunRead(CliSession& session, std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunWrite(CliSession& session, std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunShow(CliSession& session, std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunDiff(CliSession& session, std::span<const std::string> arguments);
 [[nodiscard]] ExitStatus RunGet(CliSession& session, std::span<const std::string> arguments);
 [[nodiscard]] ExitStatus RunSet(CliSession& session, std::span<const std::string> arguments);
 [[nodiscard]] ExitStatus RunLive(CliSession& session, std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunRecord(CliSession& session, std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunErrors(CliSession& session, std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunClearError(CliSession& session, std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunClearErrors(CliSession& session,
+                                        std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunErase(CliSession& session, std::span<const std::string> arguments);
+[[nodiscard]] ExitStatus RunFlash(CliSession& session, std::span<const std::string> arguments);
 [[nodiscard]] ExitStatus RunModbus(CliSession& session, std::span<const std::string> arguments);
 
 }  // namespace zelorgas

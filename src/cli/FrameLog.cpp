@@ -27,7 +27,8 @@ void FrameLog::Write(const FrameTrace& trace, const std::string& result_text) {
   file_ << FormatMilliseconds(trace.time - start_) << (sent ? " sent \"" : " received \"")
         << PrintableText(frame) << '"';
   if (!sent) file_ << ' ' << result_text;
-  file_ << '\n';
+  // Whoever follows the file, or stops the program, has every exchange so far.
+  file_ << '\n' << std::flush;
 }
 
 bool FrameLog::Close() {

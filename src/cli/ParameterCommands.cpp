@@ -2,6 +2,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/Identification.h"
 #include "cli/Commands.h"
 #include "cli/ParameterTarget.h"
 #include "cli/Text.h"
@@ -14,8 +15,37 @@ struct TargetValue {
   std::uint16_t value = 0;
 };
 
+// An entry of the list whose choice the target keeps.
+struct Choice {
+  ChoiceList list;
+  std::size_t entry;
+};
+
+struct Assignment {
+  TargetValue plain;  // without a choice
+  std::optional<Choice> choice;
+};
+
+// The entry that `name` stands for; nothing, with the reason in `problem`, when it cannot be
+// chosen.
+std::optional<Choice> ReadChoice(const ParameterTarget& target, ChoiceList list,
+                                 std::string_view name, std::string& problem) {
+  const auto entry = EntryNamed(list, name);
+  if (entry && !WritesOf(list, *entry, {}).empty()) return Choice{list, *entry};
+  if (entry) {
+    problem = "\"" + std::string(name) + "\" cannot be chosen";
+    return std::nullopt;
+  }
+  problem = target.Text() + " takes a number from 0 to " + std::to_string(target.MaxValue());
+  for (const std::string_view known : EntryNames(list)) {
+    if (!WritesOf(list, *EntryNamed(list, known), {}).empty()) problem += ", " + std::string(known);
+  }
+  problem += "; not \"" + std::string(name) + "\"";
+  return std::nullopt;
+}
+
 // Nothing when `text` is not NAME=VALUE with a value that the name can hold.
-std::optional<TargetValue> ReadAssignment(std::string_view text, std::string& problem) {
+std::optional<Assignment> ReadAssignment(std::string_view text, std::string& problem) {
   const std::size_t equals = text.find('=');
   if (equals == std::string_view::npos) {
     problem = "\"" + std::string(text) + "\" is not NAME=VALUE";
@@ -23,10 +53,50 @@ std::optional<TargetValue> ReadAssignment(std::string_view text, std::string& pr
   }
   const auto target = ParameterTarget::Find(text.substr(0, equals), problem);
   if (!target) return std::nullopt;
+  const std::string_view value_text = text.substr(equals + 1);
+  if (const auto list = target->Choices(); list && !ParseNumber(value_text)) {
+    const auto choice = ReadChoice(*target, *list, value_text, problem);
+    if (!choice) return std::nullopt;
+    return Assignment{{*target}, choice};
+  }
   const NumberArgument range{target->Text(), 0, target->MaxValue()};
-  const auto value = ReadNumber(range, text.substr(equals + 1), problem);
+  const auto value = ReadNumber(range, value_text, problem);
   if (!value) return std::nullopt;
-  return TargetValue{*target, *value};
+  return Assignment{{*target, *value}, std::nullopt};
+}
+
+// What the assignment writes to an ECU of this firmware, in the order of the writes.
+std::vector<TargetValue> WritesOf(const Assignment& assignment, char firmware_identification) {
+  if (!assignment.choice) return {assignment.plain};
+  const auto writes = WritesOf(assignment.choice->list, assignment.choice->entry,
+                               {.firmware_identification = firmware_identification});
+  // A range leaves the other bits of its register alone, so it is written as the parameter.
+  if (assignment.choice->list == ChoiceList::kLambdaRange) {
+    return {{assignment.plain.target, writes.front().value}};
+  }
+  std::vector<TargetValue> values;
+  for (const RegisterWrite& write : writes) {
+    const auto parameter = std::ranges::find(Parameters(), write.reg, &Parameter::Register);
+    values.push_back({ParameterTarget::OfParameter(*parameter), write.value});
+  }
+  return values;
+}
+
+// What it may write, whatever firmware the ECU has.
+std::vector<TargetValue> AllWritesOf(const Assignment& assignment) {
+  std::vector<TargetValue> values = WritesOf(assignment, '$');
+  const std::vector<TargetValue> newer = WritesOf(assignment, '\'');
+  values.insert(values.end(), newer.begin(), newer.end());
+  return values;
+}
+
+// The firmware identification byte of the ECU on the line.
+ModbusResult ReadIdentification(ModbusMaster& ecu, char& identification) {
+  std::vector<std::uint16_t> words;
+  const ModbusResult result =
+      ecu.ReadInputRegisters(ECU_SLAVE_ADDRESS, kSoftwareVersionRegister, 1, words);
+  if (result == ModbusResult::kOk) identification = static_cast<char>(words.front() & 0xFFU);
+  return result;
 }
 
 void PrintValues(CliSession& session, std::span<const TargetValue> values) {
@@ -90,30 +160,49 @@ ExitStatus RunGet(CliSession& session, std::span<const std::string> arguments) {
 
 ExitStatus RunSet(CliSession& session, std::span<const std::string> arguments) {
   if (arguments.empty()) return session.UsageError("set needs NAME=VALUE");
-  std::vector<TargetValue> assignments;
+  std::vector<Assignment> assignments;
+  std::vector<TargetValue> taken;  // by the assignments so far
   for (const std::string& argument : arguments) {
     std::string problem;
     const auto assignment = ReadAssignment(argument, problem);
     if (!assignment) return session.UsageError(problem);
-    for (const TargetValue& earlier : assignments) {
-      if (earlier.target.Overlaps(assignment->target)) {
+    const std::vector<TargetValue> writes = AllWritesOf(*assignment);
+    for (const TargetValue& earlier : taken) {
+      const auto overlaps = [&earlier](const TargetValue& write) {
+        return earlier.target.Overlaps(write.target);
+      };
+      if (std::ranges::any_of(writes, overlaps)) {
         return session.UsageError("\"" + argument + "\" sets what " + earlier.target.Text() +
                                   " has set");
       }
     }
+    taken.insert(taken.end(), writes.begin(), writes.end());
     assignments.push_back(*assignment);
   }
   if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
-  for (std::size_t i = 0; i < assignments.size(); ++i) {
-    const ExitStatus status = WriteAndVerify(session, assignments[i]);
+  char identification = 0;
+  const auto depends_on_firmware = [](const Assignment& assignment) {
+    return assignment.choice && assignment.choice->list == ChoiceList::kInjectorType;
+  };
+  if (std::ranges::any_of(assignments, depends_on_firmware)) {
+    const ModbusResult result = ReadIdentification(session.Ecu(), identification);
+    if (result != ModbusResult::kOk) return session.LinkError("software version", result);
+  }
+  std::vector<TargetValue> writes;
+  for (const Assignment& assignment : assignments) {
+    const std::vector<TargetValue> more = WritesOf(assignment, identification);
+    writes.insert(writes.end(), more.begin(), more.end());
+  }
+  for (std::size_t i = 0; i < writes.size(); ++i) {
+    const ExitStatus status = WriteAndVerify(session, writes[i]);
     if (status != ExitStatus::kDone) {
-      const std::span<const TargetValue> all(assignments);
+      const std::span<const TargetValue> all(writes);
       session.Message("written: " + NamesOf(all.first(i)) + "; not confirmed: " +
                       all[i].target.Text() + "; not tried: " + NamesOf(all.subspan(i + 1)));
       return status;
     }
   }
-  PrintValues(session, assignments);
+  PrintValues(session, writes);
   return ExitStatus::kDone;
 }
 

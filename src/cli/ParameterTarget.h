@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "config/Parameters.h"
+#include "injectors/Choices.h"
 #include "link/ModbusMaster.h"
 
 namespace zelorgas {
@@ -18,9 +19,16 @@ class ParameterTarget {
   [[nodiscard]] static std::optional<ParameterTarget> Find(std::string_view text,
                                                            std::string& problem);
 
+  // A register of the configuration block, by the name of the parameter that fills it.
+  [[nodiscard]] static ParameterTarget OfParameter(const Parameter& parameter) {
+    return {parameter.name, parameter.Register(), parameter};
+  }
+
   // As the user wrote it.
   [[nodiscard]] const std::string& Text() const { return text_; }
   [[nodiscard]] std::uint16_t MaxValue() const { return field_.MaxValue(); }
+  // The list whose choices the target keeps, when it is such a parameter.
+  [[nodiscard]] std::optional<ChoiceList> Choices() const { return ListOf(field_); }
   // True when both lie in the same register and share a bit of it.
   [[nodiscard]] bool Overlaps(const ParameterTarget& other) const;
 

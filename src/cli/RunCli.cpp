@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <ostream>
 #include <utility>
 #include <vector>
 
@@ -24,7 +25,7 @@ constexpr std::string_view kOptionsHelp =
     "  --trace FILE    every frame sent and received, with its time in milliseconds and its "
     "result\n"
     "  --attempts N    how often each exchange is tried, 1 to 100; 3 when not given\n"
-    "  --help          this text\n"
+    "  --help          this text; with --json on standard error\n"
     "\n"
     "Numbers are decimal or, with 0x in front, hexadecimal.\n"
     "\n"
@@ -69,7 +70,9 @@ const CommandOption* FindOption(const Command* command, std::string_view name) {
 CommandLine ReadCommandLine(std::span<const std::string> arguments) {
   CommandLine line;
   const auto take_value = [&](std::size_t& index) -> std::optional<std::string> {
-    if (index + 1 < arguments.size() && !arguments[index + 1].empty()) return arguments[++index];
+    const bool has_value = index + 1 < arguments.size() && !arguments[index + 1].empty() &&
+                           !arguments[index + 1].starts_with("--");
+    if (has_value) return arguments[++index];
     line.problem = arguments[index] + " needs a value";
     return std::nullopt;
   };
@@ -119,11 +122,12 @@ ExitStatus RunCommand(CliSession& session, const CommandLine& line) {
 int RunCli(std::span<const std::string> arguments, CliEnvironment& environment) {
   CommandLine line = ReadCommandLine(arguments);
   const bool help = line.options.help && line.problem.empty();
+  std::ostream& help_to = line.options.json ? environment.err : environment.out;
   CliSession session(environment, std::move(line.options));
   session.SetUsage(line.command == nullptr ? Help() : UsageOf(*line.command));
   ExitStatus status = ExitStatus::kDone;
   if (help) {
-    environment.out << Help();
+    help_to << Help();
   } else {
     status = RunCommand(session, line);
   }

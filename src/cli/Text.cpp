@@ -57,7 +57,8 @@ std::optional<Clock::Duration> ReadSeconds(std::string_view option, std::string_
 }
 
 std::string FormatFixed(double value, int decimals) {
-  std::array<char, 64> text{};
+  // The largest double has 309 digits before the point.
+  std::array<char, 352> text{};
   const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,
                                           std::chars_format::fixed, decimals);
   return {text.data(), end};
@@ -92,6 +93,16 @@ std::string PrintableText(std::string_view bytes) {
     }
   }
   return text;
+}
+
+std::string EscapeControls(std::string_view text, std::string_view kept) {
+  std::string escaped;
+  for (const char& c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool control = (byte < 0x20 || byte == 0x7F) && kept.find(c) == std::string_view::npos;
+    escaped += control ? PrintableText({&c, 1}) : std::string(1, c);
+  }
+  return escaped;
 }
 
 }  // namespace zelorgas

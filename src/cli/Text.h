@@ -41,4 +41,8 @@ struct NumberArgument {
 // '"' and '\' escaped.
 [[nodiscard]] std::string PrintableText(std::string_view bytes);
 
+// `text` with its control characters, all but those in `kept`, written as PrintableText writes
+// them; for messages that quote what a person has typed.
+[[nodiscard]] std::string EscapeControls(std::string_view text, std::string_view kept = {});
+
 }  // namespace zelorgas

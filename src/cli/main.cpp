@@ -48,6 +48,7 @@ int RunProgram(const std::vector<std::string>& arguments) {
       .settings = *settings,
       .catch_interrupts = CatchInterrupts,
       .interrupted = Interrupted(),
+      .err_is_terminal = StandardErrorIsTerminal(),
   };
   return RunCli(arguments, environment);
 }

@@ -23,6 +23,14 @@ inline std::string TestFile(const std::string& extension) {
          std::to_string(chance()) + extension;
 }
 
+// The words of `line`, between single blanks; '' is an empty one.
+inline std::vector<std::string> SplitWords(const std::string& line) {
+  std::vector<std::string> words;
+  std::istringstream in(line);
+  for (std::string word; std::getline(in, word, ' ');) words.push_back(word == "''" ? "" : word);
+  return words;
+}
+
 class CliHarness {
  public:
   // What a run gave, standard output and error included.
@@ -40,6 +48,7 @@ class CliHarness {
   // What a person types at the terminal, when there is one.
   std::string typed;
   bool terminal = false;
+  bool err_terminal = false;
   std::atomic<bool> interrupted{false};
   int interrupts_caught = 0;  // how often a command asked for them
 
@@ -61,7 +70,8 @@ class CliHarness {
                                .list_ports = [this] { return ports; },
                                .settings = settings,
                                .catch_interrupts = [this] { ++interrupts_caught; },
-                               .interrupted = interrupted};
+                               .interrupted = interrupted,
+                               .err_is_terminal = err_terminal};
     const int status = RunCli(arguments, environment);
     return {status, out.str(), err.str()};
   }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "cli/JsonWriter.h"
 
 namespace zelorgas {
@@ -8,14 +10,8 @@ namespace {
 TEST(JsonWriter, SeparatesMembersAndElements) {
   JsonWriter document;
   document.BeginObject().Key("empty").BeginArray().EndArray().Key("list").BeginArray();
-  document.Number(0)
-      .BeginObject()
-      .EndObject()
-      .Null()
-      .Number(4294967295)
-      .Decimal(-0.5, 1)
-      .Decimal(20, 0)
-      .EndArray();
+  document.Number(0).BeginObject().EndObject().Null().Number(4294967295);
+  document.Decimal(-0.5, 1).Decimal(20, 0).EndArray();
   document.Key("on").Bool(true).Key("off").Bool(false).Key("object").BeginObject();
   document.Key("x").String("y").EndObject().Key("last").Null().EndObject();
   EXPECT_EQ(document.Text(),
@@ -24,10 +20,7 @@ TEST(JsonWriter, SeparatesMembersAndElements) {
 }
 
 TEST(JsonWriter, StringsStayValidWhateverTheBytes) {
-  const struct {
-    std::string_view bytes;
-    std::string_view json;
-  } cases[] = {
+  const std::pair<std::string_view, std::string> cases[] = {
       {"", R"("")"},
       {"Petrol<=>GAS / kit", R"("Petrol<=>GAS / kit")"},
       {R"(a"b\c)", R"("a\"b\\c")"},
@@ -50,10 +43,9 @@ TEST(JsonWriter, StringsStayValidWhateverTheBytes) {
       {"\xF5\x80\x80\x80\xFF", R"("\u00f5\u0080\u0080\u0080\u00ff")"},
       {"\xC3\xC3\xA9", "\"\\u00c3\xC3\xA9\""},
   };
-  for (const auto& c : cases) {
-    EXPECT_EQ(JsonWriter().String(c.bytes).Text(), c.json);
-    // A key is escaped the same way.
-    EXPECT_EQ(JsonWriter().Key(c.bytes).Text(), std::string(c.json) + ":");
+  for (const auto& [bytes, json] : cases) {
+    EXPECT_EQ(JsonWriter().String(bytes).Text(), json);
+    EXPECT_EQ(JsonWriter().Key(bytes).Text(), json + ":") << "a key is escaped the same way";
   }
 }
 

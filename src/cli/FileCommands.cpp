@@ -1,0 +1,321 @@
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "app/LoadProcedure.h"
+#include "app/StoreProcedure.h"
+#include "cli/CliConnection.h"
+#include "cli/Commands.h"
+#include "cli/RecordCommands.h"
+#include "config/BlockComparison.h"
+#include "config/StoragePaths.h"
+#include "platform/FileSystem.h"
+
+namespace zelorgas {
+namespace {
+
+constexpr std::string_view kEcu = "ecu";
+
+// The console, where the command line has answered some of the questions before they are asked. The
+// others, about what nobody could foresee, still need a person.
+class AnsweredBoxes final : public MessageBoxes {
+ public:
+  using Answered = bool (*)(std::string_view question, bool yes);
+
+  AnsweredBoxes(CliSession& session, Answered answered)
+      : console_(session), answered_(answered), yes_(session.Option("--yes").has_value()) {}
+
+  void Inform(std::string_view text, MessageIcon icon) override { console_.Inform(text, icon); }
+  void Status(std::string_view text) override { console_.Status(text); }
+  bool Ask(std::string_view text) override { return answered_(text, yes_) || console_.Ask(text); }
+
+ private:
+  ConsoleBoxes console_;
+  const Answered answered_;
+  const bool yes_;
+};
+
+// A file that does not exist yet may be written: that is what was asked for.
+bool ReadIsAnswered(std::string_view question, bool yes) {
+  return yes || question != kStoreQuestion;
+}
+
+bool WriteIsAnswered(std::string_view question, bool yes) {
+  return yes && question == kLoadQuestion;
+}
+
+bool CanAsk(CliSession& session) {
+  return session.Option("--yes") || session.Environment().in_is_terminal;
+}
+
+ExitStatus Connect(CliSession& session, CliConnection& connection) {
+  if (const ExitStatus status = session.SelectLink(); status != ExitStatus::kDone) return status;
+  const bool connected = connection.Connect() == EcuConnection::Outcome::kConnected;
+  return connected ? ExitStatus::kDone : ExitStatus::kRefused;
+}
+
+// Reads the ECU's block into the document's image.
+ExitStatus ReadEcu(CliSession& session) {
+  const ModbusResult result = ReadConfigurationIntoImage(session.Document(), {});
+  if (result != ModbusResult::kOk) return session.LinkError("reading the configuration", result);
+  return ExitStatus::kDone;
+}
+
+// Shows what is wrong and what is odd in a file, each with the file's name in front. A file that is
+// cut off or garbled is no good either where nobody can be asked about it.
+void ShowFindings(CliSession& session, const std::string& name, const LoadedConfiguration& file) {
+  constexpr std::size_t kMost = 10;
+  const auto show = [&](const std::vector<std::string>& lines) {
+    for (std::size_t i = 0; i < std::min(lines.size(), kMost); ++i) {
+      session.Message(name + ": " + lines[i]);
+    }
+    if (lines.size() > kMost) {
+      session.Message(name + ": and " + std::to_string(lines.size() - kMost) + " more");
+    }
+  };
+  if (!file.damage.empty()) session.Message(name + ": " + file.damage);
+  show(file.faults);
+  show(file.remarks);
+}
+
+LoadedConfiguration ReadFile(CliSession& session, const std::string& name) {
+  LoadedConfiguration file = ReadConfigurationFile(PathFromText(name), {}, 0);
+  ShowFindings(session, name, file);
+  return file;
+}
+
+bool IsSound(const LoadedConfiguration& file) { return file.Usable() && file.damage.empty(); }
+
+void AppendValue(JsonWriter& document, const BlockCell& cell, const ConfigurationBlock& block) {
+  const std::uint16_t raw = cell.Raw(block);
+  switch (cell.form) {
+    case CellForm::kUnsigned:
+      document.Number(raw);
+      break;
+    case CellForm::kSigned:
+      document.Decimal(static_cast<std::int16_t>(raw), 0);
+      break;
+    case CellForm::kThousandths:
+      document.Decimal(raw / 1000.0, 3);
+      break;
+    case CellForm::kHundredths:
+      document.Decimal(raw / 100.0, 2);
+      break;
+    case CellForm::kBits:
+      document.String(cell.Text(block));
+      break;
+  }
+}
+
+// The cells that the file gives, those of one table together. A file has one routing map, so that
+// its number says nothing.
+std::vector<std::span<const BlockCell>> GivenCells(const LoadedConfiguration& file) {
+  std::vector<std::span<const BlockCell>> groups;
+  const std::vector<BlockCell>& cells = BlockCells();
+  const auto gives = [&file](const BlockCell& cell) {
+    return cell.named && (file.given[cell.word] & cell.Mask()) == cell.Mask();
+  };
+  for (std::size_t i = 0; i < cells.size();) {
+    std::size_t end = i;
+    while (end < cells.size() && cells[end].name == cells[i].name && gives(cells[end])) ++end;
+    if (end > i) groups.push_back(std::span(cells).subspan(i, end - i));
+    i = std::max(end, i + 1);
+  }
+  return groups;
+}
+
+bool IsTable(const BlockCell& cell) {
+  return cell.index != BlockCell::kNoIndex && cell.form != CellForm::kBits;
+}
+
+void PrintJson(CliSession& session, const LoadedConfiguration& file) {
+  JsonWriter document;
+  document.BeginObject().Key("version").String(kConfigurationVersion);
+  document.Key("notes").String(file.notes).Key("values").BeginObject();
+  for (const std::span<const BlockCell> group : GivenCells(file)) {
+    document.Key(group.front().name);
+    const bool table = IsTable(group.front());
+    if (table) document.BeginArray();
+    for (const BlockCell& cell : group) AppendValue(document, cell, file.shown);
+    if (table) document.EndArray();
+  }
+  session.Print(document.EndObject().EndObject());
+}
+
+void PrintText(CliSession& session, const LoadedConfiguration& file) {
+  for (const std::span<const BlockCell> group : GivenCells(file)) {
+    std::string line = group.front().name;
+    char separator = '=';
+    for (const BlockCell& cell : group) {
+      line += separator + cell.Text(file.shown);
+      separator = ';';
+    }
+    session.Print(line);
+  }
+  if (!file.notes.empty()) session.Print("Notes: " + file.notes);
+}
+
+ExitStatus ShowConfiguration(CliSession& session, const std::string& name) {
+  const LoadedConfiguration file = ReadFile(session, name);
+  const bool anything =
+      std::ranges::any_of(file.given, [](std::uint16_t bits) { return bits != 0; });
+  if (anything) session.Json() ? PrintJson(session, file) : PrintText(session, file);
+  return IsSound(file) ? ExitStatus::kDone : ExitStatus::kFileFailure;
+}
+
+void AppendDifferences(JsonWriter& document, std::span<const BlockDifference> differences) {
+  document.Key("differences").BeginArray();
+  for (const BlockDifference& difference : differences) {
+    document.BeginObject().Key("name").String(difference.cell->name);
+    if (difference.cell->index != BlockCell::kNoIndex) {
+      document.Key("index").Number(static_cast<std::uint32_t>(difference.cell->index));
+    }
+    const auto side = [&](std::string_view key, std::uint16_t raw, const std::string& text) {
+      document.Key(key).BeginObject().Key("raw").Number(raw).Key("text").String(text).EndObject();
+    };
+    side("first", difference.first_raw, difference.first_text);
+    side("second", difference.second_raw, difference.second_text);
+    document.EndObject();
+  }
+  document.EndArray();
+}
+
+void PrintDifferences(CliSession& session, std::span<const BlockDifference> differences) {
+  if (session.Json()) {
+    JsonWriter document;
+    document.BeginObject();
+    AppendDifferences(document, differences);
+    session.Print(document.EndObject());
+    return;
+  }
+  for (const BlockDifference& difference : differences) {
+    session.Print(difference.cell->Label() + ": " + difference.first_text + " -> " +
+                  difference.second_text);
+  }
+}
+
+ExitStatus StatusOf(LoadResult::Outcome outcome) {
+  switch (outcome) {
+    case LoadResult::Outcome::kLoaded:
+      return ExitStatus::kDone;
+    case LoadResult::Outcome::kNoFile:
+    case LoadResult::Outcome::kBadFile:
+      return ExitStatus::kFileFailure;
+    default:
+      return ExitStatus::kRefused;
+  }
+}
+
+}  // namespace
+
+ExitStatus RunRead(CliSession& session, std::span<const std::string> arguments) {
+  if (arguments.size() != 1) return session.UsageError("read needs the file to store in");
+  const std::filesystem::path path = PathFromText(arguments.front());
+  const bool exists = StoreTargetOf(path) == StoreTarget::kExisting;
+  if (exists && !CanAsk(session)) {
+    return session.UsageError(arguments.front() +
+                              " exists; without a terminal to ask on, --yes is needed");
+  }
+  CliConnection connection(session);
+  if (const ExitStatus status = Connect(session, connection); status != ExitStatus::kDone) {
+    return status;
+  }
+  if (const ExitStatus status = ReadEcu(session); status != ExitStatus::kDone) return status;
+  AnsweredBoxes boxes(session, ReadIsAnswered);
+  const StoreRequest request{.file = path, .notes = session.Option("--notes").value_or("")};
+  switch (StoreConfiguration(session.Document(), boxes, request)) {
+    case StoreOutcome::kStored:
+      break;
+    case StoreOutcome::kDeclined:
+      return ExitStatus::kRefused;
+    default:
+      return ExitStatus::kFileFailure;
+  }
+  if (session.Json()) {
+    JsonWriter document;
+    document.BeginObject().Key("file").String(arguments.front());
+    document.Key("words").Number(static_cast<std::uint32_t>(kBlockWords));
+    session.Print(document.EndObject());
+  } else {
+    session.Print("stored: " + arguments.front());
+  }
+  return ExitStatus::kDone;
+}
+
+ExitStatus RunWrite(CliSession& session, std::span<const std::string> arguments) {
+  if (arguments.size() != 1) return session.UsageError("write needs the file to load");
+  if (!CanAsk(session)) {
+    return session.UsageError("without a terminal to ask on, --yes is needed");
+  }
+  // A file that cannot be loaded is no reason to look for an ECU.
+  const std::string& name = arguments.front();
+  if (!ReadFile(session, name).Usable()) return ExitStatus::kFileFailure;
+  CliConnection connection(session);
+  if (const ExitStatus status = Connect(session, connection); status != ExitStatus::kDone) {
+    return status;
+  }
+  AnsweredBoxes boxes(session, WriteIsAnswered);
+  std::error_code error;
+  const std::filesystem::path working_folder = std::filesystem::current_path(error);
+  const LoadResult result =
+      LoadProcedure(session.Document(), boxes)
+          .Run({.file = PathFromText(name), .backup_folder = BackupFolder(working_folder)});
+  const ExitStatus status = StatusOf(result.outcome);
+  if (status == ExitStatus::kFileFailure) return status;
+  if (session.Json()) {
+    JsonWriter document;
+    document.BeginObject().Key("file").String(name);
+    document.Key("written").Number(static_cast<std::uint32_t>(result.words_written));
+    document.Key("checked").Bool(result.checked);
+    document.Key("backup").String(PathText(result.backup));
+    AppendDifferences(document, result.differences);
+    session.Print(document.EndObject());
+  } else if (status == ExitStatus::kDone) {
+    session.Print("loaded: " + name);
+    session.Print("what the ECU held before: " + PathText(result.backup));
+  }
+  return status;
+}
+
+ExitStatus RunShow(CliSession& session, std::span<const std::string> arguments) {
+  if (arguments.size() != 1) return session.UsageError("show needs a file");
+  const std::string& name = arguments.front();
+  return IsRecordingName(name) ? ShowRecording(session, name) : ShowConfiguration(session, name);
+}
+
+ExitStatus RunDiff(CliSession& session, std::span<const std::string> arguments) {
+  if (arguments.size() != 2 || (arguments[0] == kEcu && arguments[1] == kEcu)) {
+    return session.UsageError("diff needs two files, or a file and ecu");
+  }
+  std::array<std::optional<LoadedConfiguration>, 2> files;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    if (arguments[i] == kEcu) continue;
+    files[i] = ReadFile(session, arguments[i]);
+    if (!IsSound(*files[i])) return ExitStatus::kFileFailure;
+  }
+  std::vector<BlockDifference> differences;
+  if (files[0] && files[1]) {
+    differences = CompareFiles(*files[0], *files[1]);
+  } else {
+    CliConnection connection(session);
+    if (const ExitStatus status = Connect(session, connection); status != ExitStatus::kDone) {
+      return status;
+    }
+    if (const ExitStatus status = ReadEcu(session); status != ExitStatus::kDone) return status;
+    differences =
+        CompareFileWithBlock(files[0] ? *files[0] : *files[1], session.Document().Snapshot().block);
+    if (!files[0]) {
+      for (BlockDifference& difference : differences) {
+        std::swap(difference.first_raw, difference.second_raw);
+        std::swap(difference.first_text, difference.second_text);
+      }
+    }
+  }
+  PrintDifferences(session, differences);
+  return differences.empty() ? ExitStatus::kDone : ExitStatus::kRefused;
+}
+
+}  // namespace zelorgas

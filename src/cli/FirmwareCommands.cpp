@@ -1,0 +1,219 @@
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstdio>
+#include <utility>
+
+#include "cli/Commands.h"
+#include "cli/ConsoleBoxes.h"
+#include "cli/Text.h"
+#include "firmware/FirmwareDownload.h"
+#include "firmware/LinkPreparation.h"
+
+namespace zelorgas {
+namespace {
+
+using Outcome = FirmwareDownload::Outcome;
+
+constexpr std::string_view kAfterwards =
+    "Switch the ignition off and on: the ECU then starts its new firmware.";
+constexpr std::string_view kRepeat =
+    "The ECU may be without firmware now. It waits in its bootloader: run the command again.";
+constexpr std::string_view kGoesOn =
+    "the update goes on: to stop now would leave the ECU without firmware";
+
+// "2:05", for what is left of a download.
+std::string MinutesAndSeconds(std::chrono::seconds time) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%lld:%02d", static_cast<long long>(time.count() / 60),
+                static_cast<int>(time.count() % 60));
+  return text.data();
+}
+
+// How far a download is, on standard error: a bar that stays on its line on a terminal, otherwise a
+// line for every tenth.
+class ProgressLines {
+ public:
+  explicit ProgressLines(CliSession& session) : session_(session) {}
+
+  void Show(const FlashProgress& progress) {
+    const unsigned step = progress.percent / (Bar() ? 1 : 10);
+    if (step == shown_ && progress.done < progress.total) return;
+    shown_ = step;
+    std::string text = std::to_string(progress.percent) + " %";
+    if (progress.remaining) text += ", " + MinutesAndSeconds(*progress.remaining) + " left";
+    if (Bar()) {
+      DrawBar(progress.percent, text);
+    } else {
+      session_.Message(text);
+    }
+  }
+  // Ends the bar's line, so that a message begins a new one.
+  void End() {
+    if (drawn_) session_.Environment().err << '\n';
+    drawn_ = false;
+  }
+
+ private:
+  [[nodiscard]] bool Bar() const { return session_.Environment().err_is_terminal; }
+
+  void DrawBar(unsigned percent, std::string text) {
+    constexpr unsigned kWidth = 40;
+    constexpr std::size_t kTextWidth = 20;  // covers what stood there before
+    const unsigned filled = percent * kWidth / 100;
+    text.resize(std::max(text.size(), kTextWidth), ' ');
+    session_.Environment().err << "\r[" << std::string(filled, '#')
+                               << std::string(kWidth - filled, '.') << "] " << text << std::flush;
+    drawn_ = true;
+  }
+
+  CliSession& session_;
+  unsigned shown_ = 0;
+  bool drawn_ = false;
+};
+
+// The console, where --yes has answered all questions before they are asked.
+class UpdateBoxes final : public MessageBoxes {
+ public:
+  UpdateBoxes(CliSession& session, ProgressLines& progress)
+      : console_(session), progress_(progress), yes_(session.Option("--yes").has_value()) {}
+
+  void Inform(std::string_view text, MessageIcon icon) override {
+    progress_.End();
+    console_.Inform(text, icon);
+  }
+  bool Ask(std::string_view text) override { return yes_ || console_.Ask(text); }
+  void Status(std::string_view text) override {
+    progress_.End();
+    console_.Status(text);
+  }
+
+ private:
+  ConsoleBoxes console_;
+  ProgressLines& progress_;
+  const bool yes_;
+};
+
+// One update, from who is there to what became of it.
+class Update {
+ public:
+  explicit Update(CliSession& session) : session_(session) {}
+
+  // Without a person to ask, --yes is needed.
+  ExitStatus Begin() {
+    CliEnvironment& environment = session_.Environment();
+    if (!session_.Option("--yes") && !environment.in_is_terminal) {
+      return session_.UsageError("without a terminal to ask on, --yes is needed");
+    }
+    if (const ExitStatus status = session_.OpenLink(); status != ExitStatus::kDone) return status;
+    const IdentifyOutcome found = ReadUpdateTarget(session_.Ecu(), ecu_);
+    if (!found.Ok()) {
+      session_.Message(found.message);
+      ShowResult(found.result);
+      return ExitStatus::kRefused;
+    }
+    environment.catch_interrupts();
+    start_ = environment.clock.Now();
+    return ExitStatus::kDone;
+  }
+
+  ExitStatus Erase() { return StatusOf(download_.Erase(ecu_)); }
+  ExitStatus Program(const std::filesystem::path& image) {
+    return StatusOf(download_.Program(image, ecu_));
+  }
+
+  [[nodiscard]] std::string Name() const { return NameOfTarget(ecu_); }
+  [[nodiscard]] double Seconds() const {
+    return std::chrono::duration<double>(session_.Environment().clock.Now() - start_).count();
+  }
+
+ private:
+  ExitStatus StatusOf(Outcome outcome) {
+    switch (outcome) {
+      case Outcome::kDone:
+        return ExitStatus::kDone;
+      case Outcome::kBadImage:
+        return ExitStatus::kFileFailure;
+      case Outcome::kStopped:
+        session_.Message("stopped; nothing has been erased");
+        break;
+      case Outcome::kDeclined:
+        break;
+      case Outcome::kFailed:
+        ShowResult(download_.FailureResult());
+        if (download_.FlashChanged()) session_.Message(kRepeat);
+        break;
+    }
+    return ExitStatus::kRefused;
+  }
+
+  void ShowResult(ModbusResult result) {
+    if (result != ModbusResult::kOk) session_.Message(session_.Ecu().ErrorText(result));
+  }
+
+  [[nodiscard]] FirmwareHooks Hooks() {
+    const std::atomic<bool>& interrupted = session_.Environment().interrupted;
+    return {.progress =
+                [this, &interrupted](const FlashProgress& progress) {
+                  if (interrupted && !std::exchange(told_, true)) {
+                    lines_.End();
+                    session_.Message(kGoesOn);
+                  }
+                  lines_.Show(progress);
+                },
+            .stop_wanted = [&interrupted] { return interrupted.load(); }};
+  }
+
+  CliSession& session_;
+  ProgressLines lines_{session_};
+  UpdateBoxes boxes_{session_, lines_};
+  bool told_ = false;
+  EcuIdentity ecu_;
+  Clock::TimePoint start_;
+  FirmwareDownload download_{session_.Document(), boxes_, Hooks()};
+};
+
+}  // namespace
+
+ExitStatus RunErase(CliSession& session, std::span<const std::string> arguments) {
+  if (!arguments.empty()) return session.UsageError("erase takes no arguments");
+  Update update(session);
+  if (const ExitStatus status = update.Begin(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = update.Erase(); status != ExitStatus::kDone) return status;
+  if (session.Json()) {
+    JsonWriter document;
+    document.BeginObject().Key("ecu").String(update.Name()).Key("erased").Bool(true);
+    session.Print(document.EndObject());
+  } else {
+    session.Print("erased: " + PrintableText(update.Name()));
+  }
+  return ExitStatus::kDone;
+}
+
+ExitStatus RunFlash(CliSession& session, std::span<const std::string> arguments) {
+  if (arguments.size() != 1) return session.UsageError("flash needs the file of an image");
+  const std::string& name = arguments.front();
+  const std::filesystem::path image(std::u8string(name.begin(), name.end()));
+  // A file that is no image is no reason to look for an ECU.
+  const ImageContent content = ReadFirmwareImage(image);
+  if (!content.problem.empty()) {
+    session.Message(name + ": " + std::string(content.problem));
+    return ExitStatus::kFileFailure;
+  }
+  Update update(session);
+  if (const ExitStatus status = update.Begin(); status != ExitStatus::kDone) return status;
+  if (const ExitStatus status = update.Program(image); status != ExitStatus::kDone) return status;
+  if (session.Json()) {
+    JsonWriter document;
+    document.BeginObject().Key("ecu").String(update.Name()).Key("image").String(name);
+    document.Key("size").Number(static_cast<std::uint32_t>(content.bytes.size()));
+    session.Print(document.Key("seconds").Decimal(update.Seconds(), 1).EndObject());
+  } else {
+    session.Print("written: " + std::to_string(content.bytes.size()) + " bytes in " +
+                  FormatFixed(update.Seconds(), 1) + " s");
+    session.Message(kAfterwards);
+  }
+  return ExitStatus::kDone;
+}
+
+}  // namespace zelorgas

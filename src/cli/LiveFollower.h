@@ -1,0 +1,28 @@
+// Follows the ECU's live values for as long as a command asks, saying what becomes of the link
+// meanwhile. Used by the thread that runs the command.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+
+#include "app/EcuImage.h"
+#include "cli/CliSession.h"
+#include "platform/Clock.h"
+
+namespace zelorgas {
+
+struct LiveUpdate {
+  double seconds = 0;  // since the first update
+  EcuImage image;
+  std::span<const LiveRecord> records;  // that have come since the update before, oldest first
+};
+
+// Starts the document's worker on the connected link and hands every update to `show`, until
+// `duration` has passed since the first one (without a duration there is no end), the person
+// interrupts, or `show` gives false. kRefused, after a message, when the port cannot be opened or
+// no values have come.
+ExitStatus FollowLiveValues(CliSession& session, std::optional<Clock::Duration> duration,
+                            const std::function<bool(const LiveUpdate&)>& show);
+
+}  // namespace zelorgas

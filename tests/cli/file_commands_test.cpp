@@ -1,0 +1,121 @@
+// read, write, show and diff, on a simulated ECU over the whole of its line.
+#include <gmock/gmock.h>
+
+#include "cli/CliHarness.h"
+#include "platform/FileSystem.h"
+#include "sim/SimulatedPort.h"
+#include "support/SampleConfiguration.h"
+#include "support/TemporaryFolder.h"
+
+namespace zelorgas {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+using Words = std::vector<std::string>;
+
+class FileCommands : public testing::Test {
+ protected:
+  FileCommands() {
+    std::filesystem::current_path(folder_.Path());
+    WriteFile("sample.fob", SampleText());
+  }
+  ~FileCommands() override { std::filesystem::current_path(before_); }
+
+  void WriteFile(const std::string& name, const std::string& text) {
+    std::string problem;
+    ASSERT_TRUE(WriteWholeFile(name, text, problem)) << problem;
+  }
+  CliHarness::Outcome Run(Words words) {
+    cli_.serial_ports = SimulatedPort(line_, cli_.clock);
+    words.insert(words.begin(), {"--port", "/dev/ttyECU"});
+    return cli_.Run(words);
+  }
+
+  const std::filesystem::path before_ = std::filesystem::current_path();
+  TemporaryFolder folder_;
+  CliHarness cli_;
+  SimulatedEcu ecu_{cli_.clock};
+  SimulatedLine line_{ecu_, cli_.clock, {.paced = false}};
+};
+
+TEST_F(FileCommands, ReadStoresAndAsksBeforeItWritesOverAFile) {
+  CliHarness::Outcome run = Run({"read", "new/car.fob", "--notes", "Golf", "--json"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "{\"file\":\"new/car.fob\",\"words\":583}\n");
+  EXPECT_EQ(Run({"diff", "new/car.fob", "ecu"}).status, 0);
+  const std::uint64_t requests = line_.RequestCount();
+  EXPECT_EQ(Run({"read", "new/car.fob"}).status, 2);
+  EXPECT_EQ(line_.RequestCount(), requests);
+  cli_.terminal = true;
+  cli_.typed = "n\n";
+  run = Run({"read", "new/car.fob"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("giong to be stored into the specified file!"));
+  EXPECT_EQ(ReadNotes("new/car.fob"), "Golf");
+  EXPECT_EQ(Run({"read", "new/car.fob", "--yes"}).out, "stored: new/car.fob\n");
+  EXPECT_EQ(Run({"read", "sample.fob/car.fob"}).status, 3);
+  line_.SetPlugged(false);
+  EXPECT_EQ(Run({"read", "other.fob"}).status, 1);
+  EXPECT_FALSE(std::filesystem::exists("other.fob"));
+}
+
+TEST_F(FileCommands, WriteLoadsAndKeepsWhatWasThere) {
+  const ConfigurationBlock before = ecu_.Block();
+  WriteFile("bad.fob", Replaced(SampleText(), "0.29;", "x;"));
+  WriteFile("cut.fob", SampleText().substr(0, 4000));
+  EXPECT_EQ(Run({"write", "sample.fob"}).status, 2);
+  EXPECT_EQ(Run({"write", "bad.fob", "--yes"}).status, 3);
+  EXPECT_EQ(Run({"write", "cut.fob", "--yes"}).status, 1) << "nobody is there to be asked about it";
+  cli_.terminal = true;
+  cli_.typed = "n\n";
+  EXPECT_EQ(Run({"write", "sample.fob"}).status, 1);
+  EXPECT_EQ(ecu_.Block(), before);
+  EXPECT_FALSE(std::filesystem::exists("storage"));
+
+  const CliHarness::Outcome run = Run({"write", "sample.fob", "--yes", "--json"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, StartsWith("{\"file\":\"sample.fob\",\"written\":583,\"checked\":true,"));
+  EXPECT_THAT(run.out, testing::EndsWith("_backup.fob\",\"differences\":[]}\n"));
+  EXPECT_EQ(ecu_.Block(), ReadText(SampleText(), before).block);
+  const std::filesystem::path backup = *std::filesystem::directory_iterator("storage/backup");
+  EXPECT_EQ(ReadConfigurationFile(backup, {}, 0).block[28], before[28]);
+  EXPECT_EQ(Run({"diff", "sample.fob", "ecu"}).status, 0);
+}
+
+TEST_F(FileCommands, ShowPrintsAFile) {
+  CliHarness::Outcome run = Run({"show", "sample.fob"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, StartsWith("TEMP_COLD_ENG=1000\n"));
+  EXPECT_THAT(run.out, HasSubstr("\nTon=1.230;1.080;"));
+  EXPECT_THAT(run.out, HasSubstr("\nmapPinjs.Pinj1.Ginj1=0;1;0;0;0;0;0;0\nmapPinjs.Pinj1.Ginj2="));
+  EXPECT_THAT(run.out, testing::EndsWith("\nNotes: Golf\n"));
+  run = Run({"show", "sample.fob", "--json"});
+  EXPECT_THAT(run.out, StartsWith("{\"version\":\"1.00\",\"notes\":\"Golf\",\"values\":"
+                                  "{\"TEMP_COLD_ENG\":1000,"));
+  EXPECT_THAT(run.out, HasSubstr(",\"CorrTurbo\":[-10,1387,"));
+  WriteFile("bad.fob", Replaced(SampleText(), "NCYLINDERS=\"1028\"", "NCYLINDERS=\"4,0\""));
+  run = Run({"show", "bad.fob"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, testing::Not(HasSubstr("NCYLINDERS")));
+  EXPECT_THAT(run.err, HasSubstr("bad.fob: NCYLINDERS is \"4,0\", no whole number"));
+  EXPECT_EQ(Run({"show", "."}).status, 3);
+}
+
+TEST_F(FileCommands, DiffGivesALineForEachDifference) {
+  WriteFile("other.fob", Replaced(Replaced(SampleText(), "1028", "4"), "0.29;", "2.01;"));
+  CliHarness::Outcome run = Run({"diff", "sample.fob", "other.fob"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "NCYLINDERS: 1028 -> 4\nGridRow[0][0]: 0.29 -> 2.01\n");
+  run = Run({"diff", "sample.fob", "other.fob", "--json"});
+  EXPECT_THAT(run.out, testing::EndsWith(R"({"name":"GridRow[0]","index":0,)"
+                                         R"("first":{"raw":29,"text":"0.29"},)"
+                                         R"("second":{"raw":201,"text":"2.01"}}]})"
+                                         "\n"));
+  EXPECT_THAT(Run({"diff", "ecu", "sample.fob"}).out, HasSubstr("\nNCYLINDERS: 4 -> 1028\n"));
+  EXPECT_EQ(Run({"diff", "sample.fob", "none.fob"}).status, 3);
+  EXPECT_EQ(Run({"diff", "ecu", "ecu"}).status, 2);
+}
+
+}  // namespace
+}  // namespace zelorgas

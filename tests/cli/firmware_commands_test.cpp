@@ -1,0 +1,94 @@
+// erase and flash, on a simulated ECU over the whole of its line.
+#include <gmock/gmock.h>
+
+#include "cli/CliHarness.h"
+#include "firmware/UpdateBench.h"
+
+namespace zelorgas {
+namespace {
+
+using testing::HasSubstr;
+
+class FirmwareCommands : public testing::Test {
+ protected:
+  CliHarness::Outcome Run(std::vector<std::string> words) {
+    cli_.serial_ports = SimulatedPort(line_, cli_.clock);
+    words.insert(words.begin(), {"--port", "/dev/ttyECU"});
+    return cli_.Run(words);
+  }
+  CliHarness::Outcome Flash(std::vector<std::string> words = {"--yes"}) {
+    words.insert(words.begin(), {"flash", image_.path.string()});
+    return Run(words);
+  }
+
+  CliHarness cli_;
+  SimulatedEcu ecu_{cli_.clock};
+  SimulatedLine line_{ecu_, cli_.clock};
+  ImageFile image_{Bootloader::MakeImage(2700, 4)};
+};
+
+TEST_F(FirmwareCommands, FlashWritesTheImageAndShowsHowFarItIs) {
+  const CliHarness::Outcome run = Flash();
+  EXPECT_EQ(run.status, 0);
+  EXPECT_TRUE(image_.IsIn(ecu_));
+  EXPECT_THAT(run.out, testing::MatchesRegex("written: 2700 bytes in [45]\\.[0-9] s\n"));
+  EXPECT_THAT(run.err, HasSubstr("\nzelorgas-cli: 18 %, 0:04 left\nzelorgas-cli: 28 %, "));
+  EXPECT_THAT(run.err, HasSubstr("zelorgas-cli: 100 %, 0:00 left\nzelorgas-cli: Ready\n"));
+  // The bootloader, as which the ECU is still there, takes it again.
+  cli_.err_terminal = true;
+  const CliHarness::Outcome again = Flash({"--yes", "--json"});
+  EXPECT_THAT(again.out, testing::StartsWith("{\"ecu\":\"bootloader P42V0T39M1B7\",\"image\":\""));
+  EXPECT_THAT(again.out, HasSubstr(".ebi\",\"size\":2700,\"seconds\":"));
+  EXPECT_THAT(again.err, HasSubstr("\r[#######.................................] 18 %, 0:04 left"));
+  EXPECT_THAT(again.err, HasSubstr("] 100 %, 0:00 left    \nzelorgas-cli: Ready\n"));
+}
+
+TEST_F(FirmwareCommands, AskBeforeTheyErase) {
+  EXPECT_EQ(Flash({}).status, 2);
+  EXPECT_EQ(line_.RequestCount(), 0U);
+  const std::vector<std::uint8_t> before = ecu_.Flash();
+  cli_.terminal = true;
+  cli_.typed = "n\n";
+  EXPECT_THAT(Flash({}).err, HasSubstr("bytes\nECU: ECU123456, software 00.39\n[y/n] "));
+  EXPECT_EQ(Run({"erase"}).status, 1);
+  EXPECT_EQ(ecu_.Flash(), before);
+  EXPECT_FALSE(ecu_.InBootloader());
+  cli_.typed = "y\n";
+  EXPECT_EQ(Run({"erase"}).out, "erased: ECU123456, software 00.39\n");
+  image_.Fill({});
+  EXPECT_TRUE(image_.IsIn(ecu_)) << "blank";
+}
+
+TEST_F(FirmwareCommands, SayWhatWentWrongByTheirStatusToo) {
+  EXPECT_EQ(Run({"flash", "--yes"}).status, 2);
+  const CliHarness::Outcome missing = Run({"flash", "none.ebi", "--yes"});
+  EXPECT_EQ(missing.status, 3);
+  EXPECT_EQ(missing.err,
+            "zelorgas-cli: none.ebi: Cannot find firmware for the selected version!\n");
+  EXPECT_EQ(line_.RequestCount(), 0U);
+  image_.Fill(std::vector<std::uint8_t>(Bootloader::kApplicationSize + 1, 1));
+  EXPECT_EQ(Flash().status, 3) << "too large for this ECU";
+  image_.Fill(Bootloader::MakeImage(2700, 4));
+  line_.ArmFault({FaultKind::kUnplug}, 60);
+  const CliHarness::Outcome lost = Flash();
+  EXPECT_EQ(lost.status, 1);
+  EXPECT_EQ(lost.out, "");
+  EXPECT_THAT(lost.err, HasSubstr("\nzelorgas-cli: Write communication error\n"));
+  EXPECT_THAT(lost.err, testing::EndsWith("It waits in its bootloader: run the command again.\n"));
+}
+
+TEST_F(FirmwareCommands, AnInterruptStopsThemOnlyBeforeTheErasing) {
+  const std::vector<std::uint8_t> before = ecu_.Flash();
+  cli_.interrupted = true;
+  EXPECT_EQ(Flash().err, "zelorgas-cli: Ready\nzelorgas-cli: stopped; nothing has been erased\n");
+  EXPECT_EQ(ecu_.Flash(), before);
+  cli_.interrupted = false;
+  line_.SetReportSink([this](const auto& report) { cli_.interrupted = report.number >= 60; });
+  const CliHarness::Outcome late = Flash();
+  EXPECT_EQ(late.status, 0);
+  EXPECT_THAT(late.err, HasSubstr("zelorgas-cli: the update goes on: "));
+  EXPECT_TRUE(image_.IsIn(ecu_));
+}
+
+}  // namespace
+}  // namespace zelorgas
