@@ -25,8 +25,12 @@ CCard::CCard(const QString& object_name, const QString& title, QWidget* parent) 
   font.setPointSizeF(font.pointSizeF() * kTitleSize);
   font.setBold(true);
   heading->setFont(font);
-  body_->addWidget(heading);
+  title_ = new QHBoxLayout;
+  title_->addWidget(heading, 1);
+  body_->addLayout(title_);
 }
+
+void CCard::AddBesideTitle(QWidget* widget) { title_->addWidget(widget); }
 
 void CCard::paintEvent(QPaintEvent*) {
   QPainter painter(this);

@@ -1,7 +1,7 @@
 // A titled area of a page with a quiet frame around it.
 #pragma once
 
-#include <QVBoxLayout>
+#include <QBoxLayout>
 #include <QWidget>
 
 namespace zelorgas {
@@ -12,6 +12,8 @@ class CCard : public QWidget {
  public:
   CCard(const QString& object_name, const QString& title, QWidget* parent = nullptr);
 
+  // In the title's line, at its right end.
+  void AddBesideTitle(QWidget* widget);
   // Below the title.
   [[nodiscard]] QVBoxLayout& Body() { return *body_; }
 
@@ -19,6 +21,7 @@ class CCard : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QHBoxLayout* title_;
   QVBoxLayout* body_;
 };
 

@@ -15,6 +15,7 @@ CEcuControl::CEcuControl(ClpgecuDoc& document, MessageBoxes& boxes, SettingsStor
     : document_(document),
       boxes_(boxes),
       counters_(counters),
+      update_(update),
       connection_(document, boxes, settings, update) {
   document_.SetSliceHook(MakeUiSliceHook());
   document_.Link().SetTraceSink(
@@ -33,6 +34,10 @@ void CEcuControl::Connect(const std::string& name, const QString& text) {
 
 void CEcuControl::Disconnect() {
   Run([this] { DisconnectNow(); });
+}
+
+void CEcuControl::UpdateFirmware(const std::string& name, const QString& text) {
+  Run([this, name, text] { UpdateNow(name, text); });
 }
 
 void CEcuControl::SynchronizeAfterRestart() {
@@ -78,15 +83,35 @@ void CEcuControl::SetBusy(bool busy) {
 
 void CEcuControl::ConnectNow(const std::string& name, const QString& text) {
   if (state_ != State::kDisconnected) return;
-  port_text_ = text;
-  counters_.Reset();
-  SetState(State::kConnecting);
-  SelectPort(document_.Link(), name);
+  BeginOn(name, text);
   const EcuConnection::Outcome outcome = connection_.Connect();
   // An update that has been refused leaves the port open.
   if (outcome == EcuConnection::Outcome::kFirmwareUpdate) connection_.Disconnect();
   SetState(outcome == EcuConnection::Outcome::kConnected ? State::kConnected
                                                          : State::kDisconnected);
+}
+
+void CEcuControl::BeginOn(const std::string& name, const QString& text) {
+  port_text_ = text;
+  counters_.Reset();
+  SetState(State::kConnecting);
+  SelectPort(document_.Link(), name);
+}
+
+void CEcuControl::UpdateNow(const std::string& name, const QString& text) {
+  using End = FirmwareUpdate::End;
+  const bool was_connected = state_ == State::kConnected;
+  DisconnectNow();
+  BeginOn(name, text);
+  End end = End::kNotRunning;
+  if (document_.OpenLink()) {
+    end = update_.Start(/*in_bootloader=*/false);
+  } else {
+    boxes_.Inform(kPortBusy, MessageIcon::kError);
+  }
+  connection_.Disconnect();
+  SetState(State::kDisconnected);
+  if (end == End::kUpdated || (end == End::kUntouched && was_connected)) ConnectNow(name, text);
 }
 
 void CEcuControl::DisconnectNow() {

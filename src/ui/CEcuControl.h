@@ -10,6 +10,7 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "app/ClpgecuDoc.h"
 #include "app/EcuConnection.h"
@@ -45,10 +46,16 @@ class CEcuControl final : public QObject {
   // happens when connected. Returns after all that is queued has run.
   void Connect(const std::string& name, const QString& text);
   void Disconnect();
+  // Opens the firmware update on that port, the one of the connection when there is one. Afterwards
+  // connects if the ECU has its new firmware, or was connected and left alone.
+  void UpdateFirmware(const std::string& name, const QString& text);
   // The worker reads everything once more.
   void Refresh() { document_.RequestRefresh(); }
   // The ECU has restarted: tells the person and writes the configuration back.
   void SynchronizeAfterRestart();
+
+  // What the window wants from an ECU that has just been identified, before the polling begins.
+  void SetIdentifiedHook(Task hook) { connection_.SetIdentifiedHook(std::move(hook)); }
 
   // Runs `task`, which may use the ECU, as soon as no procedure runs: now, or later on this thread.
   void Run(Task task);
@@ -66,11 +73,15 @@ class CEcuControl final : public QObject {
   void RunQueued();
   void ConnectNow(const std::string& name, const QString& text);
   void DisconnectNow();
+  void UpdateNow(const std::string& name, const QString& text);
+  // Shows that `name` is being connected to and makes it the link's port.
+  void BeginOn(const std::string& name, const QString& text);
   void SynchronizeNow();
 
   ClpgecuDoc& document_;
   MessageBoxes& boxes_;
   LinkCounters& counters_;
+  FirmwareUpdate& update_;
   EcuConnection connection_;
 
   State state_ = State::kDisconnected;

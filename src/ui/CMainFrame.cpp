@@ -3,15 +3,25 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 
 #include "app/AboutInfo.h"
 #include "app/StartUp.h"
+#include "config/ConfigurationFile.h"
+#include "diag/RecordingFile.h"
+#include "platform/FileSystem.h"
 #include "platform/ProgramVersion.h"
 #include "ui/CAboutDlg.h"
+#include "ui/CTabConfiguration.h"
+#include "ui/CTabDiagnostics.h"
+#include "ui/CTabErrors.h"
+#include "ui/CTabFiles.h"
+#include "ui/CTabGrid.h"
 #include "ui/CTabStart.h"
+#include "ui/CTabTPS.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
@@ -22,10 +32,22 @@ constexpr std::string_view kGeometryKey = "Geometry";
 constexpr std::string_view kCylindersKey = "Cylinders";
 constexpr QSize kFirstSize{1200, 760};
 
+// The one file of ours that was dropped; empty when it is anything else.
+QString DroppedFile(const QMimeData* data) {
+  const QList<QUrl> urls = data->urls();
+  if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
+  const QString file = urls.front().toLocalFile();
+  const QString suffix = "." + QFileInfo(file).suffix().toLower();
+  return suffix == ToQString(kConfigurationExtension) || suffix == ToQString(kRecordingExtension)
+             ? file
+             : QString();
+}
+
 }  // namespace
 
 CMainFrame::CMainFrame(UiContext& context) : context_(context) {
   setObjectName("main_frame");
+  setAcceptDrops(true);
   setWindowTitle(ToQString(WindowTitle(tr("Untitled").toStdString())));
   view_ = new ClpgecuView(context_, this);
   setCentralWidget(view_);
@@ -43,6 +65,8 @@ CMainFrame::CMainFrame(UiContext& context) : context_(context) {
     status_line_->ShowLinkState(view_->LinkState());
     FollowControl();
   });
+  connect(view_, &ClpgecuView::ImageRead, this,
+          [this] { context_.firmware.FollowConnection(context_.control); });
   connect(&context_.control, &CEcuControl::StateChanged, this, &CMainFrame::FollowControl);
   connect(&context_.control, &CEcuControl::BusyChanged, this, &CMainFrame::FollowControl);
   connect(&view_->StartPage(), &CTabStart::RestartRequested, this, [this] {
@@ -64,11 +88,44 @@ QAction* CMainFrame::AddAction(QMenu* menu, const QString& object_name, const QS
 }
 
 // In the order of the tabs.
-void CMainFrame::MakePages() {}
+void CMainFrame::MakePages() {
+  using Needs = CPageFrame::Needs;
+  view_->AddPage(tr("Configuration"), Needs::kLink, [this](QWidget* parent) {
+    return new CTabConfiguration(context_, *models_, parent);
+  });
+  view_->AddPage(tr("Correction grid"), Needs::kLink,
+                 [this](QWidget* parent) { return new CTabGrid(context_, *models_, parent); });
+  view_->AddPage(TranslatedMessage(kTpsPageTitle), Needs::kLink,
+                 [this](QWidget* parent) { return new CTabTPS(context_, parent); });
+  view_->AddPage(tr("Oscilloscope"), Needs::kNothing, [this](QWidget* parent) {
+    return new CTabDiagnostics(context_, models_->Scope(), parent);
+  });
+  view_->AddPage(tr("Errors"), Needs::kLink,
+                 [this](QWidget* parent) { return new CTabErrors(context_, *models_, parent); });
+  view_->AddPage(tr("Files"), Needs::kNothing, [this](QWidget* parent) {
+    auto* const page = new CTabFiles(context_, *models_, parent);
+    connect(page, &CTabFiles::FileUsed, this,
+            [this](const QString& file) { NameDocument(file.toStdString()); });
+    return page;
+  });
+  connect(&context_.control, &CEcuControl::BusyChanged, view_, [this](bool busy) {
+    if (!busy) view_->MarkPage(tr("Errors"), models_->HasErrors());
+  });
+}
 
 void CMainFrame::MakeFileMenu() {
   QMenu* const menu = menuBar()->addMenu(tr("&File"));
   menu->setObjectName("file_menu");
+  QAction* const store =
+      AddAction(menu, "store_action", tr("&Store configuration..."), QKeySequence("Ctrl+S"),
+                tr("Stores the configuration of the ECU in a file"));
+  connect(store, &QAction::triggered, this, [this] {
+    auto& files = view_->OpenPage<CTabFiles>(tr("Files"));
+    if (files.CanStore()) files.Store();
+  });
+  QAction* const load = AddAction(menu, "load_action", tr("&Load configuration..."),
+                                  QKeySequence("Ctrl+O"), tr("Shows the stored configurations"));
+  connect(load, &QAction::triggered, this, [this] { view_->OpenPage<CTabFiles>(tr("Files")); });
   QMenu* const recent = menu->addMenu(tr("&Recent files"));
   recent->setObjectName("recent_files_menu");
   connect(menu, &QMenu::aboutToShow, this, [this, recent] { ListRecentFiles(recent); });
@@ -116,11 +173,20 @@ void CMainFrame::MakeViewMenu() {
 void CMainFrame::MakeToolsMenu() {
   QMenu* const menu = menuBar()->addMenu(tr("&Tools"));
   menu->setObjectName("tools_menu");
+  menu->setToolTipsVisible(true);
+  firmware_action_ = AddAction(menu, "firmware_action", tr("&Firmware update..."), {},
+                               tr("Erases and programs the firmware of the ECU on the selected "
+                                  "port"));
+  connect(firmware_action_, &QAction::triggered, &view_->StartPage(), &CTabStart::UpdateFirmware);
+  menu->addSeparator();
   QMenu* const simulated = menu->addMenu(tr("&Simulated ECU"));
   simulated->setObjectName("simulated_menu");
   simulated->setToolTipsVisible(true);
-  connect(menu, &QMenu::aboutToShow, simulated,
-          [this, simulated] { simulated->setEnabled(context_.ports.IsSimulatedSelected()); });
+  connect(menu, &QMenu::aboutToShow, this, [this, simulated] {
+    simulated->setEnabled(context_.ports.IsSimulatedSelected());
+    // The selected port may have gone or come back.
+    FollowControl();
+  });
   QAction* const plug =
       AddAction(simulated, "unplug_ecu_action", tr("&Unplug the ECU"), {},
                 tr("The ECU falls silent. Plugged in again, the link comes back by itself."));
@@ -137,6 +203,29 @@ void CMainFrame::MakeToolsMenu() {
       AddAction(simulated, "restart_ecu_action", tr("&Restart the ECU"), {},
                 tr("The ECU restarts; the program writes the configuration back."));
   connect(restart, &QAction::triggered, this, [this] { context_.simulated.RestartEcu(); });
+  simulated->addSeparator();
+  QAction* const bootloader =
+      AddAction(simulated, "enter_bootloader_action", tr("Put it into its &bootloader"), {},
+                tr("As after an update that broke off: connecting then leads to the firmware "
+                   "update."));
+  connect(bootloader, &QAction::triggered, this, [this] { context_.simulated.EnterBootloader(); });
+  QAction* const image =
+      AddAction(simulated, "demo_image_action", tr("&Write a demo firmware image"), {},
+                tr("Puts an image for the simulated ECU, and no other, where the firmware update "
+                   "looks for images."));
+  connect(image, &QAction::triggered, this, &CMainFrame::WriteDemoImage);
+}
+
+void CMainFrame::WriteDemoImage() {
+  std::string problem;
+  const auto file = SimulatedBench::WriteDemoImage(context_.firmware.ImageFolder(), problem);
+  context_.boxes.Inform(
+      (file ? tr("The image was written to\n%1\nThe firmware update offers it for the simulated "
+                 "ECU only.")
+                  .arg(ToQString(PathText(*file)))
+            : tr("The image could not be written: %1").arg(ToQString(problem)))
+          .toStdString(),
+      file ? MessageIcon::kInformation : MessageIcon::kExclamation);
 }
 
 void CMainFrame::MakeHelpMenu() {
@@ -173,9 +262,32 @@ bool CMainFrame::OpenDocument(const std::string& file) {
                           MessageIcon::kExclamation);
     return false;
   }
-  context_.recent_files.Add(file);
-  setWindowTitle(ToQString(WindowTitle(info.fileName().toStdString())));
+  NameDocument(file);
+  const std::filesystem::path path = PathFromText(file);
+  if (info.suffix().compare("osc", Qt::CaseInsensitive) == 0) {
+    view_->OpenPage<CTabDiagnostics>(tr("Oscilloscope")).Load(path);
+  } else {
+    view_->OpenPage<CTabFiles>(tr("Files")).ShowFile(path);
+  }
   return true;
+}
+
+void CMainFrame::NameDocument(const std::string& file) {
+  context_.recent_files.Add(file);
+  const std::filesystem::path name = PathFromText(file).filename();
+  setWindowTitle(ToQString(WindowTitle(PathText(name))));
+}
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
+  if (!DroppedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void CMainFrame::dropEvent(QDropEvent* event) {
+  const QString file = DroppedFile(event->mimeData());
+  if (file.isEmpty()) return;
+  event->acceptProposedAction();
+  // After the drop has ended: opening may ask the person.
+  context_.control.WhenIdle([this, file] { static_cast<void>(OpenDocument(file.toStdString())); });
 }
 
 void CMainFrame::StartDemo() {
@@ -191,6 +303,7 @@ void CMainFrame::FollowControl() {
   disconnect_action_->setEnabled(idle && state == State::kConnected);
   refresh_action_->setEnabled(idle && state == State::kConnected &&
                               view_->LinkState() == CommStatus::kLinkUp);
+  firmware_action_->setEnabled(idle && (state == State::kConnected || context_.ports.Selected()));
   // Later, from the event loop: this may run inside the procedure that is about to end.
   if (idle && close_wanted_) QTimer::singleShot(0, this, &QWidget::close);
 }
@@ -206,6 +319,12 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
     return;
   }
   close_wanted_ = false;
+  // What nobody has looked at is no recording.
+  if (findChild<CTabDiagnostics*>() != nullptr &&
+      !MayDropRecording(models_->Scope(), context_.boxes)) {
+    event->ignore();
+    return;
+  }
   context_.control.Disconnect();
   SaveLayout();
   event->accept();

@@ -35,6 +35,9 @@ class CMainFrame final : public QMainWindow {
  protected:
   // Disconnects first; the window stays, alive, until that is done.
   void closeEvent(QCloseEvent* event) override;
+  // One file: a configuration or a recording.
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void MakePages();
@@ -47,6 +50,9 @@ class CMainFrame final : public QMainWindow {
                             const QKeySequence& shortcut, const QString& tip);
   void ListRecentFiles(QMenu* menu);
   void OpenRecentFile(const std::string& file);
+  // In the title and among the recent files.
+  void NameDocument(const std::string& file);
+  void WriteDemoImage();
   void FollowControl();
   void ShowAbout();
   void RestoreLayout();
@@ -59,6 +65,7 @@ class CMainFrame final : public QMainWindow {
   QAction* connect_action_ = nullptr;
   QAction* disconnect_action_ = nullptr;
   QAction* refresh_action_ = nullptr;
+  QAction* firmware_action_ = nullptr;
   QAction* cylinders_action_ = nullptr;
   bool close_wanted_ = false;
   bool restart_wanted_ = false;

@@ -38,14 +38,16 @@ void CPageFrame::ShowLive() {
 
 void CPageFrame::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (page_ == nullptr) MakePage();
-  page_->ShowImage();
+  Page().ShowImage();
 }
 
-void CPageFrame::MakePage() {
-  page_ = make_(this);
-  layout_->addWidget(page_, 1);
-  ShowLinkProblem(problem_);
+CEcuPage& CPageFrame::Page() {
+  if (page_ == nullptr) {
+    page_ = make_(this);
+    layout_->addWidget(page_, 1);
+    ShowLinkProblem(problem_);
+  }
+  return *page_;
 }
 
 }  // namespace zelorgas

@@ -31,12 +31,13 @@ class CPageFrame final : public QWidget {
   void ShowImage();
   void ShowLive();
 
+  // Makes it if it has not been shown yet.
+  [[nodiscard]] CEcuPage& Page();
+
  protected:
   void showEvent(QShowEvent* event) override;
 
  private:
-  void MakePage();
-
   PageMaker make_;
   const Needs needs_;
   QString problem_;

@@ -15,6 +15,23 @@ constexpr double kZoomStep = 0.8;
 constexpr double kMoveStep = 0.1;  // of the range
 constexpr double kPictureScale = 2;
 constexpr int kPdfResolution = 96;
+constexpr double kLegendSize = 0.85;
+constexpr double kLegendStretch = 0.001;  // the line takes no more than it needs
+
+// Marks at fixed steps.
+class DivisionTicker final : public QCPAxisTickerFixed {
+ public:
+  DivisionTicker(double major, double minor) : between_(static_cast<int>(major / minor) - 1) {
+    setTickStep(major);
+    setScaleStrategy(ssNone);
+  }
+
+ protected:
+  int getSubTickCount(double) override { return between_; }
+
+ private:
+  const int between_;
+};
 
 }  // namespace
 
@@ -30,7 +47,6 @@ CPlot::CPlot(const QString& object_name, const QString& accessible_name, QWidget
   plot_->setNoAntialiasingOnDrag(true);
   plot_->axisRect()->setRangeDrag(Qt::Horizontal);
   plot_->axisRect()->setRangeZoom(Qt::Horizontal);
-  plot_->legend->setFont(font());
   cursor_ = new QCPItemStraightLine(plot_);
   cursor_->setVisible(false);
   auto* const layout = new QVBoxLayout(this);
@@ -61,7 +77,40 @@ void CPlot::SetRange(double left, double right, double bottom, double top) {
   ResetRange();
 }
 
-void CPlot::ShowLegend(bool show) { plot_->legend->setVisible(show); }
+void CPlot::SetDivisions(double major, double minor) {
+  major_ = major;
+  minor_ = minor;
+  ShowDivisions();
+}
+
+void CPlot::ShowDivisions() {
+  // Zoomed in, fixed marks would lie too far apart.
+  if (interactive_ || major_ == 0) {
+    plot_->xAxis->setTicker(QSharedPointer<QCPAxisTicker>::create());
+  } else {
+    plot_->xAxis->setTicker(QSharedPointer<DivisionTicker>::create(major_, minor_));
+  }
+}
+
+void CPlot::ShowLegend() {
+  // The names stand in a line of their own; within the plot they would hide curves.
+  QCPLegend* const legend = plot_->legend;
+  plot_->plotLayout()->insertRow(0);
+  plot_->plotLayout()->addElement(0, 0, legend);
+  plot_->plotLayout()->setRowStretchFactor(0, kLegendStretch);
+  legend->setFillOrder(QCPLegend::foColumnsFirst);
+  legend->setBorderPen(Qt::NoPen);
+  legend->setIconSize(fontMetrics().height(), fontMetrics().height() / 2);
+  const int space = fontMetrics().height() / 3;
+  legend->setMargins({space, 0, space, space});
+  QFont small = font();
+  small.setPointSizeF(small.pointSizeF() * kLegendSize);
+  legend->setFont(small);
+  // Without it the foot of an underscore is cut off.
+  const int foot = fontMetrics().descent() / 2;
+  for (int i = 0; i < legend->itemCount(); ++i) legend->item(i)->setMargins({0, 0, 0, foot});
+  legend->setVisible(true);
+}
 
 std::size_t CPlot::AddCurve(const QString& name, const QColor& colour, bool dashed) {
   QCPGraph* const curve = plot_->addGraph();
@@ -96,6 +145,7 @@ void CPlot::SetInteractive(bool on) {
   interactive_ = on;
   plot_->setInteraction(QCP::iRangeDrag, on);
   plot_->setInteraction(QCP::iRangeZoom, on);
+  ShowDivisions();
   if (!on) ResetRange();
 }
 
@@ -166,7 +216,6 @@ void CPlot::FollowPalette() {
     axis->setTickLabelFont(font());
   }
   plot_->legend->setBrush(CardColour(palette()));
-  plot_->legend->setBorderPen(QPen(line));
   plot_->legend->setTextColor(text);
   cursor_->setPen(QPen(text));
   Redraw();

@@ -26,7 +26,11 @@ class CPlot final : public QWidget {
   void SetAxisTitles(const QString& horizontal, const QString& vertical);
   // What the axes show when nobody has zoomed.
   void SetRange(double left, double right, double bottom, double top);
-  void ShowLegend(bool show);
+  // How far apart the horizontal axis has its marks, and the smaller ones between them, while the
+  // plot cannot be zoomed.
+  void SetDivisions(double major, double minor);
+  // The names of the curves that there are in a line above the plot.
+  void ShowLegend();
 
   // Gives the number of the curve. `dashed` is for curves of the past.
   std::size_t AddCurve(const QString& name, const QColor& colour, bool dashed = false);
@@ -59,6 +63,7 @@ class CPlot final : public QWidget {
 
  private:
   void FollowPalette();
+  void ShowDivisions();
   void ResetRange();
   void Zoom(double factor);
   void Move(double share_of_range);
@@ -70,6 +75,8 @@ class CPlot final : public QWidget {
   double right_ = 1;
   double bottom_ = 0;
   double top_ = 1;
+  double major_ = 0;  // 0: as it suits the range
+  double minor_ = 0;
   bool interactive_ = false;
   bool dirty_ = true;
 };

@@ -141,6 +141,11 @@ void CTabStart::ToggleConnection() {
   }
 }
 
+void CTabStart::UpdateFirmware() {
+  if (context_.control.Busy() || port_list_->currentIndex() < 0) return;
+  context_.control.UpdateFirmware(context_.ports.SelectedName(), port_list_->currentText());
+}
+
 void CTabStart::ShowPorts() {
   port_list_->clear();
   for (const PortEntry& port : context_.ports.Entries()) port_list_->addItem(ToQString(port.text));

@@ -23,6 +23,8 @@ class CTabStart final : public QWidget {
 
   // Connects to the selected port, or disconnects.
   void ToggleConnection();
+  // Opens the firmware update on the selected port; nothing happens when none is.
+  void UpdateFirmware();
   // Selects the port `name` in the list.
   void SelectPort(std::string_view name);
 

@@ -2,15 +2,17 @@
 
 #include <QProcess>
 #include <QTimer>
+#include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "app/CommandLine.h"
 #include "app/StartUp.h"
 #include "platform/PortList.h"
+#include "ui/CFirmwareUpdate.h"
 #include "ui/CMainFrame.h"
-#include "ui/FirmwareNotice.h"
 #include "ui/LanguageTexts.h"
 #include "ui/QtMessageBoxes.h"
 #include "ui/Text.h"
@@ -33,6 +35,12 @@ void EnlargeFont() {
   if (font.pointSizeF() >= kReadablePointSize) return;
   font.setPointSizeF(kReadablePointSize);
   QApplication::setFont(font);
+}
+
+std::filesystem::path WorkingFolder() {
+  std::error_code error;
+  // A folder that has been deleted has no name; paths below it are then tried as they stand.
+  return std::filesystem::current_path(error);
 }
 
 // The same style everywhere follows the palette in light and dark; an argument overrides it.
@@ -70,7 +78,7 @@ int CZelorGasApp::Run() {
   SimulatedBench simulated(*clock);
   ClpgecuDoc document(simulated.Opener(SystemSerialPorts(*clock)), *clock, status);
   LinkCounters counters(*clock);
-  FirmwareNotice firmware(boxes);
+  CFirmwareUpdate firmware(document, boxes, WorkingFolder());
   CEcuControl control(document, boxes, *store, firmware, counters);
   PortListModel ports(ListSerialPorts, settings.Port());
 
@@ -79,11 +87,12 @@ int CZelorGasApp::Run() {
     boxes.Inform(command_line.problem, MessageIcon::kError);
     return kStartFailed;
   }
-  UiContext context{document, status,    control,          counters,
-                    boxes,    *store,    settings,         recent_files,
-                    ports,    simulated, WatchSerialPorts, command_line.admin};
+  UiContext context{document,  status,           firmware,          control,      counters,
+                    boxes,     *store,           settings,          recent_files, ports,
+                    simulated, WatchSerialPorts, command_line.admin};
   CMainFrame frame(context);
   boxes.SetParentWindow(&frame);
+  firmware.SetParentWindow(&frame);
   QObject::connect(&boxes, &QtMessageBoxes::StatusText, &frame, &CMainFrame::ShowMessage);
   if (!command_line.file.empty() && !frame.OpenDocument(command_line.file)) return kStartFailed;
   frame.show();

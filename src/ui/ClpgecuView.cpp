@@ -1,7 +1,9 @@
 #include "ui/ClpgecuView.h"
 
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "ui/CTabStart.h"
@@ -57,6 +59,21 @@ void ClpgecuView::AddPage(const QString& title, CPageFrame::Needs needs,
   frame->ShowLinkProblem(WhyPagesAreDisabled(link_state_));
   pages_.push_back(frame);
   tabs_->addTab(frame, title);
+}
+
+CEcuPage& ClpgecuView::TurnTo(const QString& title) {
+  const auto frame = std::ranges::find_if(
+      pages_, [&](CPageFrame* page) { return tabs_->tabText(tabs_->indexOf(page)) == title; });
+  tabs_->setCurrentWidget(*frame);
+  return (*frame)->Page();
+}
+
+void ClpgecuView::MarkPage(const QString& title, bool marked) {
+  for (int tab = 0; tab < tabs_->count(); ++tab) {
+    if (tabs_->tabText(tab) != title) continue;
+    const QIcon icon = style()->standardIcon(QStyle::SP_MessageBoxWarning);
+    tabs_->setTabIcon(tab, marked ? icon : QIcon());
+  }
 }
 
 void ClpgecuView::ShowCylinders(bool show) {

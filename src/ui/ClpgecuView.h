@@ -26,6 +26,15 @@ class ClpgecuView final : public QWidget {
   // A tab whose page is made when it is first opened.
   void AddPage(const QString& title, CPageFrame::Needs needs, CPageFrame::PageMaker make);
 
+  // Turns to the page of that type, whose tab has `title`.
+  template <typename Page>
+  Page& OpenPage(const QString& title) {
+    return *qobject_cast<Page*>(&TurnTo(title));
+  }
+
+  // The tab of that title has something that the person should look at, or no longer.
+  void MarkPage(const QString& title, bool marked);
+
   [[nodiscard]] CTabStart& StartPage() { return *start_page_; }
   // kConnecting, kLinkUp, kPortBusy or kNotConnected: what was shown last.
   [[nodiscard]] CommStatus LinkState() const { return link_state_; }
@@ -46,6 +55,7 @@ class ClpgecuView final : public QWidget {
  private:
   void OnCommStatus(CommStatus status);
   void ShowImage();
+  CEcuPage& TurnTo(const QString& title);
   void ShowLinkState(CommStatus status);
   void FollowControl();
   void WatchAnswers();

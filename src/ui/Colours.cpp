@@ -7,6 +7,9 @@ namespace {
 
 constexpr double kCaptionShare = 0.38;
 constexpr double kBorderShare = 0.22;
+constexpr double kDarkCardShare = 0.06;
+constexpr double kAlertShare = 0.7;
+constexpr QColor kAlertRed(225, 20, 20);
 
 // Relative luminance of the sRGB colour, 0 black to 1 white.
 double Luminance(const QColor& colour) {
@@ -33,7 +36,17 @@ QColor BorderColour(const QPalette& palette) {
   return Mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), kBorderShare);
 }
 
-QColor CardColour(const QPalette& palette) { return palette.color(QPalette::Base); }
+QColor AlertColour(const QPalette& palette) {
+  return Mixed(palette.color(QPalette::WindowText), kAlertRed, kAlertShare);
+}
+
+QColor CardColour(const QPalette& palette) {
+  const QColor window = palette.color(QPalette::Window);
+  const bool dark = TextOn(window) == Qt::white;
+  // On a dark card of the fields' own colour nobody would see their frames.
+  return dark ? Mixed(window, palette.color(QPalette::WindowText), kDarkCardShare)
+              : palette.color(QPalette::Base);
+}
 
 QColor TextOn(const QColor& background) {
   // Where black and white have the same contrast.

@@ -13,6 +13,9 @@ namespace zelorgas {
 [[nodiscard]] QColor BorderColour(const QPalette& palette);   // lines around cards and tiles
 [[nodiscard]] QColor CardColour(const QPalette& palette);     // their inside
 
+// Words that want to be noticed.
+[[nodiscard]] QColor AlertColour(const QPalette& palette);
+
 // Black or white, whichever reads better on `background`.
 [[nodiscard]] QColor TextOn(const QColor& background);
 

@@ -3,7 +3,14 @@
 #pragma once
 
 #include <QObject>
+#include <cstdint>
+#include <optional>
 
+#include "diag/Oscilloscope.h"
+#include "errors/ErrorLog.h"
+#include "injectors/ConfigurationModel.h"
+#include "maps/GridModel.h"
+#include "maps/GridTrace.h"
 #include "ui/UiContext.h"
 
 namespace zelorgas {
@@ -16,13 +23,42 @@ class PageModels final : public QObject {
  public:
   // Both outlive the models.
   PageModels(UiContext& context, ClpgecuView& view);
+  ~PageModels() override;
+
+  [[nodiscard]] ConfigurationModel& Configuration() { return configuration_; }
+  // What the fitter has noted of the vehicle on the line.
+  [[nodiscard]] VehicleData& Vehicle() { return vehicle_; }
+
+  // The correction grid with its undo steps, and the trace of the injection times.
+  [[nodiscard]] GridModel& Grid() { return grid_; }
+  [[nodiscard]] const GridTrace& Trace() const { return trace_; }
+
+  [[nodiscard]] Oscilloscope& Scope() { return scope_; }
+
+  [[nodiscard]] ErrorLog& Errors() { return errors_; }
+  // Reads the errors that the ECU has stored; also done with every connection.
+  void ReadErrors();
+  // The last reading went well.
+  [[nodiscard]] bool ErrorsKnown() const { return errors_known_; }
+  [[nodiscard]] bool HasErrors();
 
  private:
   // The worker has read the configuration, or live values.
   void TakeImage();
   void TakeLive();
+  void FollowControl();
+  void FollowGrid();
 
   UiContext& context_;
+  ConfigurationModel configuration_;
+  VehicleData vehicle_;
+  GridModel grid_;
+  GridTrace trace_;
+  std::optional<std::uint32_t> grid_serial_;  // of the ECU whose undo steps they are
+  bool image_read_ = false;
+  Oscilloscope scope_;
+  ErrorLog errors_;
+  bool errors_known_ = false;
 };
 
 }  // namespace zelorgas

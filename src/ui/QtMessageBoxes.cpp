@@ -1,5 +1,6 @@
 #include "ui/QtMessageBoxes.h"
 
+#include <QApplication>
 #include <QMessageBox>
 
 #include "app/StartUp.h"
@@ -23,10 +24,12 @@ QMessageBox::Icon QtIcon(MessageIcon icon) {
 }
 
 // Modal until answered; gives the button.
+// A dialog that holds the window has its boxes in front of itself.
 int Show(QWidget* window, QMessageBox::Icon icon, std::string_view text,
          QMessageBox::StandardButtons buttons) {
+  QWidget* const dialog = QApplication::activeModalWidget();
   QMessageBox box(icon, ToQString(TemplateString(DocumentString::kWindowTitle)),
-                  TranslatedMessage(text), buttons, window);
+                  TranslatedMessage(text), buttons, dialog != nullptr ? dialog : window);
   box.setObjectName("message_box");
   box.setAccessibleName(box.text());
   // The texts are plain; "<=>" in one must not be taken for a tag.

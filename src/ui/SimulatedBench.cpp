@@ -1,15 +1,21 @@
 #include "ui/SimulatedBench.h"
 
+#include <cstdint>
 #include <memory>
+#include <system_error>
 #include <utility>
+#include <vector>
 
 #include "app/PortListModel.h"
+#include "platform/FileSystem.h"
 #include "sim/SimulatedPort.h"
 
 namespace zelorgas {
 namespace {
 
-constexpr unsigned kForGoodMs = 0x7FFFFFFF;  // three weeks
+constexpr unsigned kForGoodMs = 0x7FFFFFFF;     // three weeks
+constexpr std::size_t kDemoImageSize = 24'000;  // less than a minute on the line
+constexpr std::uint32_t kDemoSeed = 2024;
 
 }  // namespace
 
@@ -20,6 +26,20 @@ SerialOpener SimulatedBench::Opener(SerialOpener others) {
   return [this, others = std::move(others)](const std::string& name) {
     return name == kSimulatedPortName ? opener_(name) : others(name);
   };
+}
+
+std::optional<std::filesystem::path> SimulatedBench::WriteDemoImage(
+    const std::filesystem::path& folder, std::string& problem) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) {
+    problem = error.message();
+    return std::nullopt;
+  }
+  const std::vector<std::uint8_t> image = Bootloader::MakeImage(kDemoImageSize, kDemoSeed);
+  const std::filesystem::path file = folder / kDemoImage;
+  if (!WriteWholeFile(file, std::string(image.begin(), image.end()), problem)) return std::nullopt;
+  return file;
 }
 
 void SimulatedBench::SetEcuUnplugged(bool unplugged) {

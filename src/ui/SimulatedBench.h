@@ -3,7 +3,10 @@
 // thread.
 #pragma once
 
+#include <filesystem>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/Clock.h"
 #include "platform/SerialDevice.h"
@@ -11,6 +14,9 @@
 #include "sim/SimulatedLine.h"
 
 namespace zelorgas {
+
+// Firmware that no real ECU is ever offered.
+inline constexpr std::string_view kDemoImage = "P042-simulated-ECU-only.ebi";
 
 class SimulatedBench {
  public:
@@ -28,6 +34,11 @@ class SimulatedBench {
   // The adapter: its port is gone, and opens again once it is back.
   void SetAdapterUnplugged(bool unplugged) { line_.SetPlugged(!unplugged); }
   void RestartEcu() { ecu_.Restart(); }
+  void EnterBootloader() { ecu_.EnterBootloader(); }
+  // Writes an image that this ECU starts, kDemoImage, into `folder`, which is made when there is
+  // none, and gives its path. Nothing, with the reason in `problem`, when it could not be written.
+  [[nodiscard]] static std::optional<std::filesystem::path> WriteDemoImage(
+      const std::filesystem::path& folder, std::string& problem);
 
   [[nodiscard]] SimulatedEcu& Ecu() { return ecu_; }
   [[nodiscard]] SimulatedLine& Line() { return line_; }

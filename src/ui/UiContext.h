@@ -14,6 +14,7 @@
 #include "platform/PortWatcher.h"
 #include "platform/SettingsStore.h"
 #include "ui/CEcuControl.h"
+#include "ui/CFirmwareUpdate.h"
 #include "ui/QtStatusSink.h"
 #include "ui/SimulatedBench.h"
 
@@ -25,6 +26,7 @@ struct UiContext {
 
   ClpgecuDoc& document;
   QtStatusSink& status;
+  CFirmwareUpdate& firmware;
   CEcuControl& control;
   LinkCounters& counters;
   MessageBoxes& boxes;

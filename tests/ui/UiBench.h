@@ -13,8 +13,9 @@
 
 #include "support/MemorySettings.h"
 #include "support/ScriptedBoxes.h"
+#include "support/TemporaryFolder.h"
+#include "ui/CFirmwareUpdate.h"
 #include "ui/CMainFrame.h"
-#include "ui/FirmwareNotice.h"
 #include "ui/UiContext.h"
 
 namespace zelorgas {
@@ -30,6 +31,7 @@ class UiBench {
         ports([this] { return machine_ports; }, stored_port),
         context{document,
                 status,
+                firmware,
                 control,
                 counters,
                 boxes,
@@ -43,6 +45,7 @@ class UiBench {
                   return std::make_unique<NoThread>();
                 }},
         frame(std::make_unique<CMainFrame>(context)) {
+    firmware.SetParentWindow(frame.get());
     frame->show();
   }
 
@@ -61,6 +64,14 @@ class UiBench {
   }
   void Click(const char* button) const {
     QTest::mouseClick(&Find<QWidget>(button), Qt::LeftButton);
+  }
+  void OpenTab(const QString& title) const {
+    auto& tabs = Find<QTabWidget>("tabs");
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+      if (tabs.tabText(tab) == title) tabs.setCurrentIndex(tab);
+    }
+    // A page that has just been made is shown by an event.
+    QCoreApplication::processEvents();
   }
   // Runs the event loop until `condition` holds; false when it does not come to that.
   static bool WaitFor(const std::function<bool()>& condition) {
@@ -93,9 +104,10 @@ class UiBench {
   MemorySettings store;
   Settings settings{store};
   RecentFiles recent_files{store};
-  FirmwareNotice firmware{boxes};
   SimulatedBench simulated;
   ClpgecuDoc document;
+  TemporaryFolder folder;
+  CFirmwareUpdate firmware{document, boxes, folder.Path()};
   LinkCounters counters;
   CEcuControl control;
   PortListModel ports;

@@ -1,0 +1,102 @@
+#include "ui/CCellEditor.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace zelorgas {
+
+CCellEditor::CCellEditor(QWidget* parent) : QLineEdit(parent) {
+  setAlignment(Qt::AlignCenter);
+  setContextMenuPolicy(Qt::NoContextMenu);
+  hide();
+  // The keypad of many keyboards has a comma where the numbers here have a point.
+  connect(this, &QLineEdit::textEdited, this, [this](QString typed) {
+    if (!typed.contains(',')) return;
+    const int place = cursorPosition();
+    setText(typed.replace(',', '.'));
+    setCursorPosition(place);
+  });
+}
+
+void CCellEditor::Open(const QRect& cell, const QString& text, Start start) {
+  start_ = start;
+  open_ = true;
+  setGeometry(cell);
+  setText(QString(text).replace(',', '.'));
+  show();
+  setFocus(Qt::OtherFocusReason);
+  if (start == Start::kOpened) {
+    selectAll();
+  } else {
+    end(false);
+  }
+}
+
+void CCellEditor::Commit(int row_step, int column_step) {
+  if (!open_) return;
+  Close();
+  emit Committed(text(), row_step, column_step);
+}
+
+void CCellEditor::Cancel() {
+  if (open_) Close();
+}
+
+void CCellEditor::Close() {
+  open_ = false;
+  // First, because a field that hides gives the keyboard to just anybody.
+  if (hasFocus()) parentWidget()->setFocus(Qt::OtherFocusReason);
+  hide();
+  emit Closed();
+}
+
+bool CCellEditor::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+      Commit(0, key == Qt::Key_Tab ? 1 : -1);
+      return true;
+    }
+  }
+  return QLineEdit::event(event);
+}
+
+void CCellEditor::keyPressEvent(QKeyEvent* event) {
+  const bool leaves_sideways = start_ == Start::kTyped;
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return Commit(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1, 0);
+    case Qt::Key_Down:
+      return Commit(1, 0);
+    case Qt::Key_Up:
+      return Commit(-1, 0);
+    case Qt::Key_Escape:
+      return Cancel();
+    case Qt::Key_Left:
+      if (leaves_sideways) return Commit(0, -1);
+      break;
+    case Qt::Key_Right:
+      if (leaves_sideways) return Commit(0, 1);
+      break;
+    default:
+      break;
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+void CCellEditor::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  // A message box that comes up or another window leave a half-typed number as it is.
+  if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason) {
+    return;
+  }
+  // A field that is disabled has lost its ECU.
+  if (isEnabled()) {
+    Commit(0, 0);
+  } else {
+    Cancel();
+  }
+}
+
+}  // namespace zelorgas

@@ -1,0 +1,87 @@
+#include "ui/CChannelRow.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <array>
+
+#include "ui/CCaption.h"
+#include "ui/Text.h"
+
+namespace zelorgas {
+namespace {
+
+struct ChannelWords {
+  const char* unit;
+  const char* meaning;
+};
+
+// In the order of the channels; what the graph's number stands for.
+constexpr std::array<ChannelWords, kScopeChannels> kWords{{
+    {QT_TRANSLATE_NOOP("CChannelRow", "1000/min"),
+     QT_TRANSLATE_NOOP("CChannelRow", "Engine speed")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "10 \302\260C"),
+     QT_TRANSLATE_NOOP("CChannelRow", "Gas temperature")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "10 \302\260C"),
+     QT_TRANSLATE_NOOP("CChannelRow", "Coolant temperature")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "bar"), QT_TRANSLATE_NOOP("CChannelRow", "Gas pressure")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "bar"),
+     QT_TRANSLATE_NOOP("CChannelRow", "Manifold pressure")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "bar"),
+     QT_TRANSLATE_NOOP("CChannelRow", "Gas pressure above the manifold's")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "0.1 V"), QT_TRANSLATE_NOOP("CChannelRow", "Lambda sensor")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "V"),
+     QT_TRANSLATE_NOOP("CChannelRow", "Second lambda sensor")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "V"), QT_TRANSLATE_NOOP("CChannelRow", "Battery voltage")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "ms"),
+     QT_TRANSLATE_NOOP("CChannelRow", "Petrol injection time")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "ms"),
+     QT_TRANSLATE_NOOP("CChannelRow", "Gas injection time")},
+    {QT_TRANSLATE_NOOP("CChannelRow", "10 %"),
+     QT_TRANSLATE_NOOP("CChannelRow", "Throttle position")},
+}};
+
+QPixmap Swatch(const ScopeChannelInfo& info, int size, const QPalette& palette) {
+  QPixmap picture(size, size);
+  picture.fill(QColor(info.red, info.green, info.blue));
+  QPainter painter(&picture);
+  painter.setPen(palette.color(QPalette::Mid));
+  painter.drawRect(0, 0, size - 1, size - 1);
+  return picture;
+}
+
+}  // namespace
+
+CChannelRow::CChannelRow(ScopeChannel channel, QWidget* parent) : QWidget(parent) {
+  const auto index = static_cast<std::size_t>(channel);
+  const ScopeChannelInfo& info = ScopeChannelTable()[index];
+  const QString name = ToQString(info.name);
+  const QString id = name.toLower();
+  setToolTip(tr(kWords[index].meaning));
+  auto* const colour = new QLabel(this);
+  colour->setPixmap(Swatch(info, fontMetrics().ascent(), palette()));
+  box_ = new QCheckBox(name, this);
+  box_->setObjectName("scope_" + id);
+  box_->setAccessibleName(tr(kWords[index].meaning));
+  value_ = new QLabel(kNoValue, this);
+  value_->setObjectName("scope_value_" + id);
+  value_->setAccessibleName(tr("%1 at the cursor").arg(name));
+  value_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  value_->setMinimumWidth(fontMetrics().horizontalAdvance("-000.00"));
+  auto* const unit = new CCaption(tr(kWords[index].unit), this);
+  unit->setMinimumWidth(fontMetrics().horizontalAdvance("1000/min") + 2);
+  auto* const layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(colour);
+  layout->addWidget(box_, 1);
+  layout->addWidget(value_);
+  layout->addWidget(unit);
+  connect(box_, &QCheckBox::toggled, this, &CChannelRow::Toggled);
+}
+
+void CChannelRow::SetPresent(bool present) { box_->setEnabled(present); }
+
+void CChannelRow::SetValue(std::optional<double> value) {
+  value_->setText(value ? QString::number(*value, 'f', 2) : QString(kNoValue));
+}
+
+}  // namespace zelorgas

@@ -1,0 +1,56 @@
+#include "ui/CEntryField.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace zelorgas {
+
+CEntryField::CEntryField(QWidget* parent) : QLineEdit(parent) { setAlignment(Qt::AlignRight); }
+
+void CEntryField::Show(const QString& text) {
+  shown_ = text;
+  if (hasFocus() && isModified()) return;
+  Restore();
+}
+
+void CEntryField::Restore() {
+  // Setting the same text again would take the selection away.
+  if (text() != shown_) setText(shown_);
+  setModified(false);
+}
+
+void CEntryField::Commit() {
+  if (!isModified()) return;
+  setModified(false);
+  if (text() != shown_) emit Entered(text());
+}
+
+void CEntryField::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && isModified()) {
+    Restore();
+    selectAll();
+    return;
+  }
+  QLineEdit::keyPressEvent(event);
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return;
+  Commit();
+  selectAll();
+}
+
+void CEntryField::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  // A box that comes up, a menu and another window leave a half-typed text as it is.
+  const Qt::FocusReason reason = event->reason();
+  if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
+      reason == Qt::MenuBarFocusReason) {
+    return;
+  }
+  // A field that is disabled has no ECU to write to.
+  if (isEnabled()) {
+    Commit();
+  } else {
+    Restore();
+  }
+}
+
+}  // namespace zelorgas

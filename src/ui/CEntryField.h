@@ -1,0 +1,33 @@
+// A field whose text counts once it is left or Enter is pressed; Escape brings the old text back.
+// User-interface thread.
+#pragma once
+
+#include <QLineEdit>
+
+namespace zelorgas {
+
+class CEntryField final : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit CEntryField(QWidget* parent = nullptr);
+
+  // Not over what is being typed.
+  void Show(const QString& text);
+
+ signals:
+  // The person has entered another text than the one shown.
+  void Entered(const QString& text);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void Commit();
+  void Restore();
+
+  QString shown_;
+};
+
+}  // namespace zelorgas

@@ -1,0 +1,67 @@
+#include "ui/CMapRefsDlg.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+namespace zelorgas {
+
+CMapRefsDlg::CMapRefsDlg(const GridAxes& axes, MessageBoxes& boxes, QWidget* parent)
+    : QDialog(parent), boxes_(boxes), axes_(axes) {
+  setObjectName("map_refs_dialog");
+  setWindowTitle(tr("Grid Cell Centers"));
+  setAccessibleName(windowTitle());
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  setAttribute(Qt::WA_DeleteOnClose);
+  auto* const columns = new QHBoxLayout;
+  AddColumn(columns, tr("REVS. columns (1/min)"), "centre_speed", axes.speeds_rpm, speeds_);
+  AddColumn(columns, tr("Tinj[Petrol] rows (ms)"), "centre_time", axes.times_ms, times_);
+  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  buttons->setObjectName("map_refs_buttons");
+  connect(buttons, &QDialogButtonBox::accepted, this, &CMapRefsDlg::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addLayout(columns);
+  layout->addWidget(buttons);
+  speeds_.front()->setFocus();
+  speeds_.front()->selectAll();
+}
+
+void CMapRefsDlg::AddColumn(QBoxLayout* columns, const QString& title, const QString& object_name,
+                            const AxisCentres& centres, Fields& fields) {
+  auto* const group = new QGroupBox(title, this);
+  auto* const form = new QFormLayout(group);
+  for (std::size_t i = 0; i < kGridSize; ++i) {
+    const QString number = QString::number(i + 1);
+    auto* const field = new QLineEdit(QString::number(centres[i]), group);
+    field->setObjectName(object_name + number);
+    field->setAccessibleName(title + ", " + number);
+    field->setAlignment(Qt::AlignRight);
+    form->addRow(number + '.', field);
+    fields.at(i) = field;
+  }
+  columns->addWidget(group);
+}
+
+CMapRefsDlg::Texts CMapRefsDlg::TextsOf(const Fields& fields) {
+  Texts texts;
+  for (std::size_t i = 0; i < kGridSize; ++i) {
+    texts.at(i) = fields.at(i)->text().replace(',', '.').toStdString();
+  }
+  return texts;
+}
+
+void CMapRefsDlg::accept() {
+  std::string message;
+  const Texts speeds = TextsOf(speeds_);
+  const Texts times = TextsOf(times_);
+  if (const auto centres = ParseCentres(speeds, times, message)) {
+    axes_ = *centres;
+    QDialog::accept();
+  } else {
+    boxes_.Inform(message, MessageIcon::kExclamation);
+  }
+}
+
+}  // namespace zelorgas

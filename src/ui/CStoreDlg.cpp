@@ -1,0 +1,124 @@
+#include "ui/CStoreDlg.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "app/StoreProcedure.h"
+#include "config/ConfigurationFile.h"
+#include "config/StoragePaths.h"
+#include "config/StorageTree.h"
+#include "platform/FileSystem.h"
+#include "ui/CCaption.h"
+#include "ui/Text.h"
+
+namespace zelorgas {
+
+CStoreDlg::CStoreDlg(std::filesystem::path working_folder, QWidget* parent)
+    : QDialog(parent), working_folder_(std::move(working_folder)) {
+  setObjectName("store_dialog");
+  setWindowTitle(tr("Store the configuration"));
+  heading_ = new QLabel(this);
+  heading_->setObjectName("store_heading");
+  QFont bold = heading_->font();
+  bold.setBold(true);
+  heading_->setFont(bold);
+  detail_ = new QLabel(this);
+  detail_->setObjectName("store_detail");
+  gas_type_ = new QComboBox(this);
+  gas_type_->setObjectName("store_gas_type");
+  gas_type_->addItems({"LPG", "CNG"});
+  brand_ = new QComboBox(this);
+  brand_->setObjectName("store_brand");
+  brand_->setEditable(true);
+  brand_->setToolTip(tr("The folder of the car's make; it is created where it does not exist"));
+  name_ = new QLineEdit(ToQString(MakeTimestampName()), this);
+  name_->setObjectName("store_name");
+  name_label_ = new QLabel(this);
+  name_label_->setBuddy(name_);
+  place_ = new CCaption({}, this);
+  place_->setObjectName("store_place");
+  place_->setWordWrap(true);
+  notes_ = new QPlainTextEdit(this);
+  notes_->setObjectName("store_notes");
+  notes_->setTabChangesFocus(true);
+  notes_label_ = new QLabel(this);
+  notes_label_->setBuddy(notes_);
+  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+  ok_ = buttons->addButton(tr("&Store"), QDialogButtonBox::AcceptRole);
+  ok_->setObjectName("store_ok");
+  auto* const form = new QFormLayout;
+  form->addRow(tr("&Gas"), gas_type_);
+  form->addRow(tr("&Brand folder"), brand_);
+  form->addRow(name_label_, name_);
+  form->addRow(QString(), place_);
+  form->addRow(notes_label_, notes_);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(heading_);
+  layout->addWidget(detail_);
+  layout->addLayout(form, 1);
+  layout->addWidget(buttons);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  connect(gas_type_, &QComboBox::currentIndexChanged, this, [this] {
+    ListBrands();
+    Check();
+  });
+  connect(brand_, &QComboBox::editTextChanged, this, &CStoreDlg::Check);
+  connect(name_, &QLineEdit::textChanged, this, &CStoreDlg::Check);
+  ListBrands();
+  Check();
+  resize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 24);
+  name_->setFocus();
+}
+
+void CStoreDlg::StartWith(const std::filesystem::path& file, const std::string& notes) {
+  const std::filesystem::path brand = file.parent_path();
+  const bool natural = brand.parent_path().filename() == "CNG";
+  gas_type_->setCurrentIndex(natural ? static_cast<int>(kNaturalGas) : 0);
+  const auto expected =
+      StorageFolder(working_folder_, natural ? kNaturalGas : 0, PathText(brand.filename()));
+  if (brand == expected) brand_->setEditText(ToQString(PathText(brand.filename())));
+  name_->setText(ToQString(PathText(file.stem())));
+  notes_->setPlainText(ToQString(notes));
+  Check();
+}
+
+void CStoreDlg::ListBrands() {
+  const QString kept = brand_->currentText();
+  const auto folder =
+      StorageFolder(working_folder_, static_cast<unsigned>(gas_type_->currentIndex()))
+          .parent_path();
+  const QSignalBlocker quiet(brand_);
+  brand_->clear();
+  for (const StorageFolderEntry& entry : ReadStorageFolders(folder).folders) {
+    brand_->addItem(ToQString(entry.name));
+  }
+  if (brand_->findText(ToQString(kDefaultBrandFolder)) < 0) {
+    brand_->addItem(ToQString(kDefaultBrandFolder));
+  }
+  brand_->setEditText(kept.isEmpty() ? ToQString(kDefaultBrandFolder) : kept);
+}
+
+void CStoreDlg::Check() {
+  const std::string brand = brand_->currentText().toStdString();
+  std::string problem = brand.empty() ? std::string() : NameProblem(brand);
+  file_.clear();
+  if (problem.empty()) {
+    const auto folder =
+        StorageFolder(working_folder_, static_cast<unsigned>(gas_type_->currentIndex()), brand);
+    file_ = StorageFile(folder, name_->text().toStdString(), kConfigurationExtension, problem)
+                .value_or(std::filesystem::path());
+  }
+  const StoreDialogTexts texts = TextsOfStoreDialog(StoreTargetOf(file_));
+  heading_->setText(TranslatedMessage(texts.heading));
+  detail_->setText(TranslatedMessage(texts.detail));
+  name_label_->setText(TranslatedMessage(texts.name_label));
+  notes_label_->setText(TranslatedMessage(texts.notes_label));
+  notes_->setPlaceholderText(TranslatedMessage(texts.notes_hint));
+  place_->setText(ToQString(problem.empty() ? PathText(file_) : problem));
+  ok_->setEnabled(!file_.empty());
+}
+
+}  // namespace zelorgas

@@ -1,0 +1,36 @@
+// The throttle sensor's end points, written together, and what the sensor says now. User-interface
+// thread.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "app/EcuImage.h"
+#include "ui/CTpsTableCard.h"
+
+namespace zelorgas {
+
+class CTPSgen final : public CCard {
+  Q_OBJECT
+
+ public:
+  CTPSgen(const TpsAccess& access, QWidget* parent);
+
+  // What the model holds now, where the person has not typed something else meanwhile.
+  void ShowValues();
+  void ShowLive(const EcuImage& image);
+  void SetBusy(bool busy) { write_->setEnabled(!busy); }
+
+ private:
+  QLineEdit* MakeField(std::string_view parameter);
+  void Write();
+
+  const TpsAccess access_;
+  QLineEdit* closed_;
+  QLineEdit* full_;
+  QLabel* throttle_;
+  QPushButton* write_;
+};
+
+}  // namespace zelorgas

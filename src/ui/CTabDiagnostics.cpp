@@ -1,0 +1,289 @@
+#include "ui/CTabDiagnostics.h"
+
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+
+#include "config/StoragePaths.h"
+#include "diag/RecordingFile.h"
+#include "platform/FileSystem.h"
+#include "ui/CCaption.h"
+#include "ui/CFileDlg.h"
+#include "ui/ScopePoints.h"
+#include "ui/Text.h"
+
+namespace zelorgas {
+namespace {
+
+// Bright colours on dark, as on an instrument's screen; the channels' colours are made for it.
+constexpr QColor kScreen{24, 26, 30};
+constexpr QColor kScreenText{214, 214, 214};
+// The vertical axis keeps still: it shows at least this, and grows in whole steps.
+constexpr double kLeastTop = 20;
+constexpr double kStep = 5;
+constexpr int kNoteLines = 3;
+
+QPalette ScreenPalette() {
+  QPalette palette;
+  palette.setColor(QPalette::Window, kScreen);
+  palette.setColor(QPalette::Base, kScreen);
+  palette.setColor(QPalette::WindowText, kScreenText);
+  palette.setColor(QPalette::Text, kScreenText);
+  return palette;
+}
+
+}  // namespace
+
+CTabDiagnostics::CTabDiagnostics(UiContext& context, Oscilloscope& oscilloscope, QWidget* parent)
+    : CEcuPage(parent),
+      context_(context),
+      oscilloscope_(oscilloscope),
+      folder_(StorageRoot(std::filesystem::current_path())) {
+  setObjectName("oscilloscope_page");
+  setAccessibleName(tr("Oscilloscope"));
+  plot_ = new CPlot("scope_plot", tr("Graph of the live signals"), this);
+  plot_->setPalette(ScreenPalette());
+  plot_->SetAxisTitles(tr("Seconds before the newest sample"), QString());
+  for (const ScopeChannelInfo& info : ScopeChannelTable()) {
+    plot_->AddCurve(ToQString(info.name), QColor(info.red, info.green, info.blue));
+  }
+  notes_ = new QPlainTextEdit(this);
+  notes_->setObjectName("scope_notes");
+  notes_->setAccessibleName(tr("Notes"));
+  notes_->setPlaceholderText(tr("Notes to this recording"));
+  notes_->setTabChangesFocus(true);
+  notes_->setFixedHeight(fontMetrics().lineSpacing() * kNoteLines + 2 * fontMetrics().descent() +
+                         2 * notes_->frameWidth() + 8);
+  auto* const graph = new QHBoxLayout;
+  graph->addWidget(plot_, 1);
+  graph->addWidget(MakeChannels());
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(MakeTools());
+  layout->addLayout(graph, 1);
+  layout->addWidget(notes_);
+  connect(plot_, &CPlot::PointedAt, this, &CTabDiagnostics::ReadOutAt);
+  connect(notes_, &QPlainTextEdit::textChanged, this,
+          [this] { oscilloscope_.SetNotes(notes_->toPlainText().toStdString()); });
+  ShowControls();
+}
+
+QWidget* CTabDiagnostics::MakeTools() {
+  auto* const tools = new QWidget(this);
+  auto* const layout = new QHBoxLayout(tools);
+  layout->setContentsMargins(0, 0, 0, 0);
+  const auto button = [&](const char* name, const QString& text, const QString& tip) {
+    auto* const made = new QPushButton(text, tools);
+    made->setObjectName(name);
+    made->setToolTip(tip);
+    layout->addWidget(made);
+    return made;
+  };
+  run_ = button("scope_run", tr("&Stop"), {});
+  run_->setMinimumWidth(fontMetrics().averageCharWidth() * 12);
+  auto* const label = new QLabel(tr("&Time span"), tools);
+  span_ = new CTimeSpin(tools);
+  span_->setObjectName("scope_span");
+  span_->setAccessibleName(tr("Time span"));
+  span_->setToolTip(tr("How much time the graph shows; up doubles it, down halves it"));
+  label->setBuddy(span_);
+  layout->addSpacing(fontMetrics().height());
+  layout->addWidget(label);
+  layout->addWidget(span_);
+  layout->addStretch(1);
+  const QPushButton* const save =
+      button("scope_save", tr("Sa&ve..."), tr("Saves the recording and its notes to a file"));
+  const QPushButton* const load =
+      button("scope_load", tr("&Load..."), tr("Shows a saved recording in place of this one"));
+  const QPushButton* const save_as =
+      button("scope_export", tr("E&xport..."),
+             tr("Saves the graph as a picture, or the values for a spreadsheet"));
+  connect(run_, &QPushButton::clicked, this, &CTabDiagnostics::RunOrStop);
+  connect(span_, &CTimeSpin::Stepped, this, &CTabDiagnostics::StepSpan);
+  connect(save, &QPushButton::clicked, this, &CTabDiagnostics::AskForFileToSave);
+  connect(load, &QPushButton::clicked, this, &CTabDiagnostics::AskForFileToLoad);
+  connect(save_as, &QPushButton::clicked, this, &CTabDiagnostics::AskForExport);
+  return tools;
+}
+
+QWidget* CTabDiagnostics::MakeChannels() {
+  auto* const side = new QWidget(this);
+  auto* const layout = new QVBoxLayout(side);
+  layout->setContentsMargins(fontMetrics().height() / 2, 0, 0, 0);
+  place_ = new CCaption({}, side);
+  place_->setObjectName("scope_place");
+  layout->addWidget(place_);
+  for (std::size_t i = 0; i < kScopeChannels; ++i) {
+    auto* const row = new CChannelRow(static_cast<ScopeChannel>(i), side);
+    const bool shown =
+        context_.store.ReadInteger(kSettingsSection, ScopeChannelTable()[i].name, 1) != 0;
+    row->SetShown(shown);
+    plot_->ShowCurve(i, shown);
+    connect(row, &CChannelRow::Toggled, this, [this, i](bool on) { ToggleChannel(i, on); });
+    layout->addWidget(row);
+    channels_[i] = row;
+  }
+  layout->addStretch(1);
+  return side;
+}
+
+void CTabDiagnostics::ShowImage() {
+  const EcuImage image = context_.document.Snapshot();
+  for (std::size_t i = 0; i < kScopeChannels; ++i) {
+    channels_[i]->SetPresent(IsScopeChannelPresent(image, static_cast<ScopeChannel>(i)));
+  }
+  ShowTraces();
+}
+
+void CTabDiagnostics::ShowLive() {
+  if (!oscilloscope_.Recording()) return;
+  ShowReadOut();
+  ++undrawn_;
+  // A sample that moves the graph by less than a pixel can wait for the next.
+  const double sample_width =
+      plot_->width() * kScopeSamplePeriodSeconds / oscilloscope_.SpanSeconds();
+  if (static_cast<double>(undrawn_) * sample_width >= 1) ShowTraces();
+}
+
+void CTabDiagnostics::ShowTraces() {
+  undrawn_ = 0;
+  double bottom = 0;
+  double top = kLeastTop;
+  for (std::size_t i = 0; i < kScopeChannels; ++i) {
+    const ScopePoints points =
+        PointsOf(oscilloscope_.Samples(static_cast<ScopeChannel>(i)), kScopeSamplePeriodSeconds,
+                 oscilloscope_.SpanSeconds(), plot_->width());
+    plot_->SetPoints(i, points.seconds, points.values);
+    if (!channels_[i]->IsShown() || points.values.isEmpty()) continue;
+    const auto [low, high] = std::ranges::minmax(points.values);
+    bottom = std::min(bottom, std::floor(low / kStep) * kStep);
+    top = std::max(top, std::ceil(high / kStep) * kStep);
+  }
+  plot_->SetRange(0, oscilloscope_.SpanSeconds(), bottom, top);
+  ShowReadOut();
+}
+
+void CTabDiagnostics::ShowReadOut() {
+  const double seconds = cursor_.value_or(0);
+  const auto values = oscilloscope_.ReadOut(seconds);
+  for (std::size_t i = 0; i < kScopeChannels; ++i) channels_[i]->SetValue(values[i]);
+  place_->setText(cursor_ ? tr("%1 s before the newest").arg(seconds, 0, 'f', 1)
+                          : tr("Newest sample"));
+}
+
+void CTabDiagnostics::ShowControls() {
+  const bool recording = oscilloscope_.Recording();
+  run_->setText(recording ? tr("&Stop") : tr("&Run"));
+  run_->setToolTip(recording ? tr("Stops recording; the graph can then be zoomed and read out")
+                             : tr("Goes on recording"));
+  const double scale = oscilloscope_.TimeScale();
+  span_->ShowSpan(oscilloscope_.SpanSeconds(),
+                  scale<Oscilloscope::kLargestTimeScale, scale> Oscilloscope::kSmallestTimeScale);
+  plot_->SetDivisions(oscilloscope_.MajorDivisionSeconds(), oscilloscope_.MinorDivisionSeconds());
+  plot_->SetInteractive(!recording);
+}
+
+void CTabDiagnostics::RunOrStop() {
+  oscilloscope_.SetRecording(!oscilloscope_.Recording());
+  cursor_.reset();
+  plot_->SetCursor(cursor_);
+  ShowControls();
+  ShowTraces();
+}
+
+void CTabDiagnostics::StepSpan(int steps) {
+  for (; steps > 0; --steps) oscilloscope_.StretchTime();
+  for (; steps < 0; ++steps) oscilloscope_.ShrinkTime();
+  ShowControls();
+  ShowTraces();
+}
+
+void CTabDiagnostics::ToggleChannel(std::size_t channel, bool shown) {
+  plot_->ShowCurve(channel, shown);
+  // Where it cannot be kept it is shown all the same.
+  static_cast<void>(context_.store.WriteInteger(kSettingsSection, ScopeChannelTable()[channel].name,
+                                                shown ? 1 : 0));
+  ShowTraces();
+}
+
+void CTabDiagnostics::ReadOutAt(double seconds) {
+  if (oscilloscope_.Recording()) return;
+  // On the sample that is read out.
+  cursor_ =
+      std::round(std::max(seconds, 0.0) / kScopeSamplePeriodSeconds) * kScopeSamplePeriodSeconds;
+  plot_->SetCursor(cursor_);
+  ShowReadOut();
+}
+
+bool CTabDiagnostics::Save(const std::filesystem::path& file) {
+  folder_ = file.parent_path();
+  std::error_code failed;
+  std::filesystem::create_directories(folder_, failed);
+  return SaveRecording(oscilloscope_, file, context_.boxes);
+}
+
+bool CTabDiagnostics::Load(const std::filesystem::path& file) {
+  folder_ = file.parent_path();
+  // The next live record would push the loaded ones on.
+  const bool recording = oscilloscope_.Recording();
+  oscilloscope_.SetRecording(false);
+  const bool complete = LoadRecording(oscilloscope_, file, context_.boxes);
+  if (complete) {
+    oscilloscope_.FitTimeScale(oscilloscope_.Traces().Length());
+  } else {
+    oscilloscope_.SetRecording(recording && oscilloscope_.Unsaved());
+  }
+  const QSignalBlocker quiet(notes_);
+  notes_->setPlainText(ToQString(oscilloscope_.Notes()));
+  cursor_.reset();
+  plot_->SetCursor(cursor_);
+  ShowControls();
+  ShowTraces();
+  return complete;
+}
+
+bool CTabDiagnostics::Export(const QString& file) {
+  std::string reason;
+  bool done = false;
+  if (file.endsWith(".csv", Qt::CaseInsensitive)) {
+    done = WriteWholeFile(PathFromText(file.toStdString()), RecordingCsv(oscilloscope_.Traces()),
+                          reason);
+  } else {
+    done = plot_->SavePicture(file);
+  }
+  const QString text = done ? tr("%1 has been written.") : tr("%1 could not be written.");
+  const std::string said = text.arg(file).toStdString();
+  if (done) {
+    context_.boxes.Status(said);
+  } else {
+    context_.boxes.Inform(reason.empty() ? said : said + "\n" + reason, MessageIcon::kError);
+  }
+  return done;
+}
+
+void CTabDiagnostics::AskForFileToSave() {
+  CFileDlg dialog(CFileDlg::Purpose::kSave, tr("Save the recording"),
+                  StorageRoot(std::filesystem::current_path()), std::string(kRecordingExtension),
+                  context_.boxes, this);
+  dialog.SelectFolder(folder_);
+  if (dialog.exec() == QDialog::Accepted) Save(dialog.File());
+}
+
+void CTabDiagnostics::AskForFileToLoad() {
+  CFileDlg dialog(CFileDlg::Purpose::kOpen, tr("Load a recording"),
+                  StorageRoot(std::filesystem::current_path()), std::string(kRecordingExtension),
+                  context_.boxes, this);
+  dialog.SelectFolder(folder_);
+  if (dialog.exec() == QDialog::Accepted) Load(dialog.File());
+}
+
+void CTabDiagnostics::AskForExport() {
+  const QString file = QFileDialog::getSaveFileName(
+      this, tr("Export"), QString(),
+      tr("Picture (*.png);;Document (*.pdf);;Comma-separated values (*.csv)"));
+  if (!file.isEmpty()) Export(file);
+}
+
+}  // namespace zelorgas

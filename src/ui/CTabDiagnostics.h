@@ -1,0 +1,64 @@
+// The oscilloscope page: the twelve signals against time, which of them are shown, the time span,
+// run and stop, notes, and the recording's way to files and pictures. While stopped the graph can
+// be zoomed and moved, and pointing at it reads all channels out. User-interface thread.
+#pragma once
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <array>
+#include <filesystem>
+#include <optional>
+
+#include "diag/Oscilloscope.h"
+#include "ui/CChannelRow.h"
+#include "ui/CEcuPage.h"
+#include "ui/CPlot.h"
+#include "ui/CTimeSpin.h"
+#include "ui/UiContext.h"
+
+namespace zelorgas {
+
+class CTabDiagnostics final : public CEcuPage {
+  Q_OBJECT
+
+ public:
+  CTabDiagnostics(UiContext& context, Oscilloscope& oscilloscope, QWidget* parent = nullptr);
+
+  void ShowImage() override;
+  void ShowLive() override;
+
+  // The same as the buttons, with the file chosen; false when it was not done.
+  bool Save(const std::filesystem::path& file);
+  bool Load(const std::filesystem::path& file);
+  // By its ending a picture, or comma-separated values.
+  bool Export(const QString& file);
+
+ private:
+  [[nodiscard]] QWidget* MakeTools();
+  [[nodiscard]] QWidget* MakeChannels();
+  void RunOrStop();
+  void StepSpan(int steps);
+  void ToggleChannel(std::size_t channel, bool shown);
+  void ReadOutAt(double seconds);
+  void AskForFileToSave();
+  void AskForFileToLoad();
+  void AskForExport();
+  void ShowControls();
+  void ShowTraces();
+  void ShowReadOut();
+
+  UiContext& context_;
+  Oscilloscope& oscilloscope_;
+  CPlot* plot_;
+  std::array<CChannelRow*, kScopeChannels> channels_{};
+  QPushButton* run_;
+  CTimeSpin* span_;
+  QLabel* place_;
+  QPlainTextEdit* notes_;
+  std::optional<double> cursor_;  // seconds before the newest sample, while stopped
+  std::filesystem::path folder_;
+  std::size_t undrawn_ = 0;  // samples since the graph was drawn
+};
+
+}  // namespace zelorgas

@@ -1,0 +1,219 @@
+#include "ui/CTabFiles.h"
+
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "app/StoreProcedure.h"
+#include "config/ConfigurationFile.h"
+#include "config/StoragePaths.h"
+#include "platform/FileSystem.h"
+#include "ui/CFileDlg.h"
+#include "ui/CProgressDlg.h"
+#include "ui/CStoreDlg.h"
+#include "ui/Text.h"
+
+namespace zelorgas {
+namespace {
+
+constexpr std::size_t kStages = 3;
+
+QString NameOf(const std::filesystem::path& file) { return ToQString(PathText(file.filename())); }
+
+}  // namespace
+
+CTabFiles::CTabFiles(UiContext& context, PageModels& models, QWidget* parent)
+    : CEcuPage(parent),
+      context_(context),
+      models_(models),
+      working_folder_(std::filesystem::current_path()) {
+  setObjectName("files_page");
+  setAccessibleName(tr("Files"));
+  browser_ = new CFileBrowser("configuration_browser", StorageRoot(working_folder_),
+                              std::string(kConfigurationExtension), this);
+  auto* const details = new QWidget(this);
+  name_ = new QLabel(details);
+  name_->setObjectName("file_shown");
+  name_->setTextFormat(Qt::PlainText);
+  QFont bold = name_->font();
+  bold.setBold(true);
+  name_->setFont(bold);
+  notes_ = new QPlainTextEdit(details);
+  notes_->setObjectName("file_notes");
+  notes_->setAccessibleName(tr("Notes of the file"));
+  notes_->setReadOnly(true);
+  notes_->setPlaceholderText(tr("No notes"));
+  auto* const details_layout = new QVBoxLayout(details);
+  details_layout->setContentsMargins(0, 0, 0, 0);
+  details_layout->addWidget(name_);
+  details_layout->addWidget(notes_, 1);
+  differences_ = new CDifferenceTable(this);
+  below_ = new QStackedWidget(this);
+  below_->addWidget(details);
+  below_->addWidget(differences_);
+  auto* const splitter = new QSplitter(Qt::Vertical, this);
+  splitter->addWidget(browser_);
+  splitter->addWidget(below_);
+  splitter->setStretchFactor(0, 3);
+  splitter->setStretchFactor(1, 2);
+  splitter->setChildrenCollapsible(false);
+  auto* const layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(splitter, 1);
+  layout->addWidget(MakeButtons());
+  connect(browser_, &CFileBrowser::SelectionChanged, this, &CTabFiles::FollowSelection);
+  connect(browser_, &CFileBrowser::FileActivated, this, &CTabFiles::CompareWithEcu);
+  connect(differences_, &CDifferenceTable::Closed, this, [this] { below_->setCurrentIndex(0); });
+  connect(&context_.control, &CEcuControl::BusyChanged, this, &CTabFiles::ShowButtons);
+  FollowSelection();
+}
+
+QWidget* CTabFiles::MakeButtons() {
+  auto* const side = new QWidget(this);
+  auto* const layout = new QVBoxLayout(side);
+  layout->setContentsMargins(fontMetrics().height() / 2, 0, 0, 0);
+  const auto button = [&](const char* name, const QString& text, void (CTabFiles::*clicked)()) {
+    auto* const made = new QPushButton(text, side);
+    made->setObjectName(name);
+    layout->addWidget(made);
+    connect(made, &QPushButton::clicked, this, clicked);
+    return made;
+  };
+  store_ = button("files_store", tr("&Store configuration..."), &CTabFiles::Store);
+  load_ = button("files_load", tr("&Load into the ECU"), &CTabFiles::Load);
+  layout->addSpacing(fontMetrics().height());
+  compare_ = button("files_compare", tr("&Compare with the ECU"), &CTabFiles::CompareWithEcu);
+  compare_files_ =
+      button("files_compare_files", tr("Compare with a &file..."), &CTabFiles::CompareWithFile);
+  layout->addStretch(1);
+  return side;
+}
+
+void CTabFiles::ShowImage() { browser_->Refresh(); }
+
+void CTabFiles::ShowLink(bool up) {
+  link_up_ = up;
+  ShowButtons();
+}
+
+void CTabFiles::ShowButtons() {
+  const bool idle = !context_.control.Busy();
+  const bool ecu = idle && link_up_;
+  const bool file = !file_.empty();
+  const QString no_ecu = tr("Connect to an ECU first");
+  store_->setEnabled(ecu);
+  store_->setToolTip(ecu ? tr("Stores the configuration of the ECU in a file") : no_ecu);
+  load_->setEnabled(ecu);
+  load_->setToolTip(ecu ? tr("Writes the file's configuration into the ECU. What the ECU holds is "
+                             "stored in the folder \"backup\" before.")
+                        : no_ecu);
+  compare_->setEnabled(ecu && file);
+  compare_->setToolTip(link_up_ ? tr("Lists what the file has differently from the ECU") : no_ecu);
+  compare_files_->setEnabled(idle && file);
+  compare_files_->setToolTip(tr("Lists what differs from another file"));
+}
+
+void CTabFiles::FollowSelection() {
+  const StorageFileEntry* const file = browser_->SelectedFile();
+  // What was opened from elsewhere stays until a file is selected here.
+  if (file == nullptr && !file_.empty() && file_.parent_path() != browser_->Folder()) return;
+  file_ = file == nullptr ? std::filesystem::path() : file->path;
+  name_->setText(file == nullptr ? tr("No file is selected.") : ToQString(file->name));
+  notes_->setPlainText(file == nullptr ? QString() : ToQString(file->notes));
+  below_->setCurrentIndex(0);
+  ShowButtons();
+}
+
+void CTabFiles::ShowFile(const std::filesystem::path& file) {
+  std::error_code none;
+  const std::filesystem::path full = std::filesystem::weakly_canonical(file, none);
+  browser_->Refresh();
+  browser_->SelectFolder(full.parent_path());
+  browser_->SelectFile(full);
+  if (browser_->SelectedFile() != nullptr) return;
+  file_ = full;
+  name_->setText(ToQString(PathText(full)));
+  notes_->setPlainText(ToQString(ReadNotes(full)));
+  below_->setCurrentIndex(0);
+  ShowButtons();
+}
+
+void CTabFiles::Store() {
+  CStoreDlg dialog(working_folder_, this);
+  const bool own = browser_->SelectedFile() != nullptr;
+  if (own) dialog.StartWith(file_, NotesWithoutVehicle(notes_->toPlainText().toStdString()));
+  if (dialog.exec() != QDialog::Accepted) return;
+  const StoreRequest request{.file = dialog.File(),
+                             .notes = NotesWithVehicle(dialog.Notes(), models_.Vehicle()),
+                             .routing_map = models_.Configuration().RoutingMap()};
+  if (StoreConfiguration(context_.document, context_.boxes, request) != StoreOutcome::kStored) {
+    return;
+  }
+  ShowFile(request.file);
+  emit FileUsed(ToQString(PathText(request.file)));
+}
+
+void CTabFiles::Load() {
+  if (file_.empty()) {
+    context_.boxes.Inform(kSelectFileFirst, MessageIcon::kExclamation);
+    return;
+  }
+  context_.control.Run([this] { LoadNow(); });
+}
+
+void CTabFiles::LoadNow() {
+  CProgressDlg dialog(tr("Loading %1").arg(NameOf(file_)), /*can_cancel=*/false, this);
+  const auto progress = [&dialog](TransferStage stage, std::size_t words) {
+    dialog.Step(static_cast<std::size_t>(stage) * kBlockWords + words, kStages * kBlockWords);
+  };
+  const LoadRequest request{.file = file_,
+                            .backup_folder = BackupFolder(working_folder_),
+                            .routing_map = models_.Configuration().RoutingMap()};
+  const LoadResult result = LoadProcedure(context_.document, context_.boxes, progress).Run(request);
+  dialog.hide();
+  using Outcome = LoadResult::Outcome;
+  if (result.outcome == Outcome::kDifferent) {
+    ShowDifferences(NameOf(file_), tr("the ECU"), result.differences);
+  }
+  if (result.outcome != Outcome::kLoaded) return;
+  models_.Vehicle() = VehicleOfNotes(result.file.notes);
+  // Every page shows it from the image that is read now.
+  context_.document.RequestRefresh();
+  emit FileUsed(ToQString(PathText(file_)));
+}
+
+bool CTabFiles::Read(const std::filesystem::path& file, LoadedConfiguration& loaded) {
+  loaded = ReadConfigurationFile(file, context_.document.Snapshot().block,
+                                 models_.Configuration().RoutingMap());
+  if (loaded.Usable()) return true;
+  context_.boxes.Inform(PathText(file.filename()) + ": " + loaded.faults.front(),
+                        MessageIcon::kError);
+  return false;
+}
+
+void CTabFiles::CompareWithEcu() {
+  LoadedConfiguration loaded;
+  if (!link_up_ || file_.empty() || !Read(file_, loaded)) return;
+  ShowDifferences(NameOf(file_), tr("the ECU"),
+                  CompareFileWithBlock(loaded, context_.document.Snapshot().block));
+}
+
+void CTabFiles::CompareWithFile() {
+  CFileDlg dialog(CFileDlg::Purpose::kOpen, tr("Compare %1 with").arg(NameOf(file_)),
+                  StorageRoot(working_folder_), std::string(kConfigurationExtension),
+                  context_.boxes, this);
+  dialog.SelectFolder(browser_->Folder());
+  LoadedConfiguration first;
+  LoadedConfiguration second;
+  if (dialog.exec() != QDialog::Accepted || !Read(file_, first) || !Read(dialog.File(), second)) {
+    return;
+  }
+  ShowDifferences(NameOf(file_), NameOf(dialog.File()), CompareFiles(first, second));
+}
+
+void CTabFiles::ShowDifferences(const QString& first, const QString& second,
+                                const std::vector<BlockDifference>& differences) {
+  differences_->Show(first, second, differences);
+  below_->setCurrentIndex(1);
+}
+
+}  // namespace zelorgas

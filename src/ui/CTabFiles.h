@@ -1,0 +1,71 @@
+// The Files page: stored configurations with their notes; storing the ECU's, loading one into the
+// ECU, and comparing. Looking at files needs no ECU. User-interface thread.
+#pragma once
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <filesystem>
+
+#include "app/LoadProcedure.h"
+#include "ui/CDifferenceTable.h"
+#include "ui/CEcuPage.h"
+#include "ui/CFileBrowser.h"
+#include "ui/PageModels.h"
+#include "ui/UiContext.h"
+
+namespace zelorgas {
+
+class CTabFiles final : public CEcuPage {
+  Q_OBJECT
+
+ public:
+  CTabFiles(UiContext& context, PageModels& models, QWidget* parent = nullptr);
+
+  void ShowImage() override;
+  void ShowLink(bool up) override;
+
+  // Makes `file` the one that the buttons mean, also when it lies outside the storage.
+  void ShowFile(const std::filesystem::path& file);
+  [[nodiscard]] const std::filesystem::path& File() const { return file_; }
+
+  [[nodiscard]] bool CanStore() const { return store_->isEnabled(); }
+
+  // The same as the buttons.
+  void Store();
+  void Load();
+  void CompareWithEcu();
+  void CompareWithFile();
+
+ signals:
+  // A configuration was stored to, or loaded from, this file.
+  void FileUsed(const QString& file);
+
+ private:
+  [[nodiscard]] QWidget* MakeButtons();
+  void FollowSelection();
+  void ShowButtons();
+  void LoadNow();
+  void ShowDifferences(const QString& first, const QString& second,
+                       const std::vector<BlockDifference>& differences);
+  // The file read over the ECU's block; false, with the person told, when it is none.
+  [[nodiscard]] bool Read(const std::filesystem::path& file, LoadedConfiguration& loaded);
+
+  UiContext& context_;
+  PageModels& models_;
+  const std::filesystem::path working_folder_;
+  CFileBrowser* browser_;
+  QLabel* name_;
+  QPlainTextEdit* notes_;
+  CDifferenceTable* differences_;
+  QStackedWidget* below_;  // the notes or the differences
+  QPushButton* store_;
+  QPushButton* load_;
+  QPushButton* compare_;
+  QPushButton* compare_files_;
+  std::filesystem::path file_;
+  bool link_up_ = false;
+};
+
+}  // namespace zelorgas

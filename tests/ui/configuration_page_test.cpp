@@ -1,0 +1,210 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QWheelEvent>
+
+#include "config/Parameters.h"
+#include "ui/CParameterRow.h"
+#include "ui/FastClock.h"
+#include "ui/UiBench.h"
+
+namespace zelorgas {
+namespace {
+
+// The window, connected, with the configuration page open.
+struct ConfigurationPage {
+  explicit ConfigurationPage(const char* group) : bench(clock) {
+    EXPECT_TRUE(bench.Connect());
+    bench.OpenTab("Configuration");
+    auto& groups = bench.Find<QListWidget>("configuration_groups");
+    groups.setCurrentItem(groups.findItems(group, Qt::MatchExactly).value(0));
+  }
+
+  [[nodiscard]] QLineEdit& Field(const char* name) const { return bench.Find<QLineEdit>(name); }
+  [[nodiscard]] QComboBox& List(const char* name) const { return bench.Find<QComboBox>(name); }
+  [[nodiscard]] std::uint16_t InEcu(const char* name) {
+    const Parameter& parameter = *FindParameter(name);
+    return parameter.ValueIn(bench.simulated.Ecu().Register(parameter.Register()));
+  }
+  bool WaitInEcu(const char* name, std::uint16_t value) {
+    return UiBench::WaitFor([&] { return InEcu(name) == value && !bench.control.Busy(); });
+  }
+  static void Type(QLineEdit& field, const char* text, Qt::Key then = Qt::Key_Return) {
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, text);
+    QTest::keyClick(&field, then);
+  }
+  void Choose(const char* name, const char* entry) const {
+    QComboBox& list = List(name);
+    list.setCurrentText(entry);
+    emit list.activated(list.currentIndex());
+    QCoreApplication::processEvents();
+  }
+
+  FastClock clock;
+  UiBench bench;
+};
+
+TEST(ConfigurationPage, ANumberIsInTheEcuOnceItIsEntered) {
+  ConfigurationPage page("Change-over");
+  QLineEdit& field = page.Field("temp_hot_eng");
+  const QString before = field.text();
+  EXPECT_EQ(before.toInt(), page.InEcu("TEMP_HOT_ENG"));
+  page.Type(field, "47");
+  EXPECT_TRUE(page.WaitInEcu("TEMP_HOT_ENG", 47));
+  page.Type(field, "65535", Qt::Key_Tab);
+  EXPECT_TRUE(page.WaitInEcu("TEMP_HOT_ENG", 65535)) << "leaving the field enters it";
+  EXPECT_EQ(field.text(), "65535");
+
+  const std::size_t writes = page.bench.simulated.Ecu().WriteCount();
+  for (const char* const refused : {"65536", "-1", "2.5", "hot"}) {
+    page.Type(field, refused);
+    EXPECT_EQ(field.text(), "65535") << refused;
+    EXPECT_EQ(page.bench.boxes.statuses.back(),
+              "TEMP_HOT_ENG cannot be \"" + std::string(refused) + "\": 0 to 65535.");
+  }
+  page.Type(field, "12", Qt::Key_Escape);
+  page.Type(field, "65535");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(field.text(), "65535");
+  EXPECT_EQ(page.bench.simulated.Ecu().WriteCount(), writes);
+}
+
+TEST(ConfigurationPage, AFailedWriteIsToldAndShowsTheValueOfTheEcu) {
+  ConfigurationPage page("Safety");
+  auto& flag = page.bench.Find<QCheckBox>("gp_changeover_on_rpm");
+  const bool before = flag.isChecked();
+  QTest::mouseClick(&flag, Qt::LeftButton, {}, QPoint(8, flag.height() / 2));
+  ASSERT_TRUE(page.WaitInEcu("GP_CHANGEOVER_ON_RPM", before ? 0 : 1));
+
+  QLineEdit& field = page.Field("rpm_trouble");
+  const QString value = field.text();
+  page.bench.simulated.SetEcuUnplugged(true);
+  page.Type(field, "4711");
+  const auto told = [&] { return !page.bench.boxes.said.empty() && !page.bench.control.Busy(); };
+  ASSERT_TRUE(UiBench::WaitFor(told));
+  EXPECT_THAT(
+      page.bench.boxes.said,
+      testing::ElementsAre("error: The parameter could not be loaded into the target system!"));
+  EXPECT_EQ(field.text(), value);
+  page.bench.simulated.SetEcuUnplugged(false);
+  EXPECT_TRUE(page.bench.WaitForState(UiBench::kConnected));
+}
+
+TEST(ConfigurationPage, AnInjectorBringsItsValuesAndItsNozzle) {
+  ConfigurationPage page("Injection");
+  page.Choose("injector_type", "VALTEK");
+  ASSERT_TRUE(page.WaitInEcu("INJECTOR_TYPE", 4));
+  EXPECT_EQ(page.InEcu("TSPEEDUP"), 5000);
+  EXPECT_EQ(page.Field("tspeedup").text(), "5000");
+  QLineEdit& nozzle = page.Field("nozzlediam");
+  const auto background = [&] { return nozzle.palette().color(QPalette::Base); };
+  page.Type(nozzle, "1.0");
+  ASSERT_TRUE(page.WaitInEcu("NOZZLEDIAM", 10));
+  EXPECT_EQ(background(), QColor(255, 128, 128));
+  page.Type(nozzle, "1,1");
+  ASSERT_TRUE(page.WaitInEcu("NOZZLEDIAM", 11));
+  EXPECT_EQ(nozzle.text(), "1.1");
+  EXPECT_EQ(background(), page.Field("tspeedup").palette().color(QPalette::Base));
+
+  page.Choose("injector_type", "EMPTY");
+  EXPECT_EQ(page.List("injector_type").currentText(), "VALTEK");
+  page.Choose("injector_type", "STEFANELLI-RED");
+  ASSERT_TRUE(page.WaitInEcu("INJECTOR_TYPE", 7));
+  EXPECT_EQ(nozzle.text(), "---");
+  EXPECT_FALSE(nozzle.isEnabled());
+
+  page.bench.simulated.SetEcuUnplugged(true);
+  page.Choose("injector_type", "MAGIC");
+  EXPECT_FALSE(page.bench.boxes.informed.empty());
+  EXPECT_EQ(page.List("injector_type").currentText(), "MAGIC") << "until it is read again";
+  EXPECT_THAT(page.bench.Text("injector_type_note"), testing::HasSubstr("STEFANELLI-RED"));
+}
+
+TEST(ConfigurationPage, TheWheelScrollsThePageAndLeavesTheListsAlone) {
+  ConfigurationPage page("Sensors");
+  QComboBox& list = page.List("tw_sensor_type");
+  const int before = list.currentIndex();
+  list.setFocus();
+  for (const int turn : {-120, 120}) {
+    QWheelEvent wheel({5, 5}, list.mapToGlobal(QPointF(5, 5)), {}, {0, turn}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&list, &wheel);
+    EXPECT_EQ(list.currentIndex(), before);
+  }
+}
+
+TEST(ConfigurationPage, SensorsSetTheScaleOfWhatTheyMeasure) {
+  ConfigurationPage page("Sensors");
+  auto& pressure = page.bench.Find<QProgressBar>("gas_pressure_now");
+  for (const auto& [sensor, end] :
+       {std::pair("Zelor-P9400", 4200), std::pair("Zelor-P9250", 2700)}) {
+    page.Choose("pressure_sensor_tpye", sensor);
+    EXPECT_EQ(pressure.maximum(), end) << sensor;
+  }
+  page.bench.Find<QCheckBox>("switch_mode").click();
+  page.Choose("pressure_sensor_tpye", "Zelor-P9400");
+  EXPECT_TRUE(page.WaitInEcu("PRESSURE_SENSOR_TPYE", 0));
+  EXPECT_EQ(page.InEcu("ONOFF_PRESSURE_SENSOR_TPYE"), 1);
+
+  page.Type(page.Field("parameter_search"), "lambda", Qt::Key_End);
+  page.bench.Find<QCheckBox>("lambda_inverse").click();
+  ASSERT_TRUE(page.WaitInEcu("LAMBDA_INVERSE", 1));
+  page.Choose("lambda_oxygenrange", "0-12V");
+  EXPECT_EQ(page.bench.simulated.Ecu().Register(324), 0x8003);
+  EXPECT_EQ(page.bench.Find<QProgressBar>("lambda1_now").maximum(), 1200);
+}
+
+TEST(ConfigurationPage, SaysWhatIsMissingUntilAllIsThere) {
+  ConfigurationPage page("Vehicle");
+  const auto missing = [&] { return page.bench.Text("completeness"); };
+  EXPECT_EQ(missing(),
+            "The configuration lacks:\n\u2022 vehicle make\n\u2022 vehicle model\n"
+            "\u2022 engine code\n\u2022 engine size (more than 500 cc)");
+  page.Type(page.Field("vehicle_make"), " ");
+  page.Type(page.Field("vehicle_model"), "Wagon");
+  page.Type(page.Field("engine_code"), "K7J");
+  page.Type(page.Field("engine_size_cc"), "500");
+  EXPECT_EQ(missing(),
+            "The configuration lacks:\n\u2022 vehicle make\n\u2022 engine size (more than 500 cc)");
+  page.Type(page.Field("vehicle_make"), "Kestrel");
+  page.Type(page.Field("engine_size_cc"), "1390");
+  EXPECT_EQ(missing(), "The configuration is complete.");
+}
+
+TEST(ConfigurationPage, ShowsEveryParameterInItsGroupOrWhatTheSearchFinds) {
+  ConfigurationPage page("Vehicle");
+  const auto& groups = page.bench.Find<QListWidget>("configuration_groups");
+  const QList<CParameterRow*> rows = page.bench.frame->findChildren<CParameterRow*>();
+  EXPECT_EQ(static_cast<std::size_t>(rows.size()), Parameters().size());
+  const auto shown = [&] {
+    return std::ranges::count_if(rows, [](const QWidget* row) { return row->isVisible(); });
+  };
+  EXPECT_EQ(shown(), 0);
+  std::ptrdiff_t in_groups = 0;
+  for (int group = 1; group < groups.count(); ++group) {
+    QTest::mouseClick(groups.viewport(), Qt::LeftButton, {},
+                      groups.visualItemRect(groups.item(group)).center());
+    in_groups += shown();
+  }
+  EXPECT_EQ(in_groups, rows.size());
+
+  page.Type(page.Field("parameter_search"), "RPM cold", Qt::Key_End);
+  EXPECT_EQ(shown(), 1);
+  EXPECT_TRUE(page.Field("rpm_cold_eng").isVisible());
+  page.Type(page.Field("parameter_search"), "xyzzy", Qt::Key_End);
+  EXPECT_EQ(page.bench.Text("parameters_found"),
+            "No parameter has these words in its name or meaning.");
+  page.Type(page.Field("parameter_search"), "", Qt::Key_Escape);
+  EXPECT_TRUE(page.List("lambda_oxygenrange").isVisible()) << "the last group is back";
+}
+
+}  // namespace
+}  // namespace zelorgas

@@ -1,0 +1,121 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QTreeWidget>
+#include <fstream>
+
+#include "app/LoadProcedure.h"
+#include "app/StoreProcedure.h"
+#include "config/ConfigurationFile.h"
+#include "config/StoragePaths.h"
+#include "support/TemporaryFolder.h"
+#include "ui/CStoreDlg.h"
+#include "ui/CTabFiles.h"
+#include "ui/FastClock.h"
+#include "ui/UiBench.h"
+
+namespace zelorgas {
+namespace {
+
+using testing::Contains;
+
+// The window in a working folder of its own.
+class FilesPage : public testing::Test {
+ protected:
+  FilesPage() { std::filesystem::current_path(folder_.Path()); }
+  ~FilesPage() override { std::filesystem::current_path(before_); }
+
+  CTabFiles& Open() { return bench_.frame->View().OpenPage<CTabFiles>("Files"); }
+
+  // Presses Store in the dialog that comes up next.
+  void FillNextStoreDialog(const QString& name, const QString& notes) {
+    QTimer::singleShot(0, [this, name, notes] {
+      auto* const dialog = bench_.frame->findChild<CStoreDlg*>();
+      ASSERT_NE(dialog, nullptr);
+      dialog->findChild<QComboBox*>("store_brand")->setEditText("OPEL");
+      dialog->findChild<QLineEdit*>("store_name")->setText(name);
+      dialog->findChild<QPlainTextEdit*>("store_notes")->setPlainText(notes);
+      auto* const ok = dialog->findChild<QPushButton*>("store_ok");
+      if (ok->isEnabled()) {
+        ok->click();
+      } else {
+        dialog->reject();
+      }
+    });
+  }
+
+  std::filesystem::path before_ = std::filesystem::current_path();
+  TemporaryFolder folder_;
+  FastClock clock_;
+  UiBench bench_{clock_};
+};
+
+TEST_F(FilesPage, StoresFindsComparesAndLoads) {
+  CTabFiles& page = Open();
+  EXPECT_FALSE(bench_.Find<QPushButton>("files_store").isEnabled()) << "no ECU yet";
+  ASSERT_TRUE(bench_.Connect());
+  bench_.boxes.answer = true;
+  FillNextStoreDialog("mine", "idle is fine");
+  bench_.Click("files_store");
+  const auto file = StorageFolder(folder_.Path(), 0, "OPEL") / "mine.fob";
+  ASSERT_TRUE(std::filesystem::exists(file));
+  EXPECT_THAT(bench_.boxes.said, Contains("note: " + std::string(kConfigurationStored)));
+  EXPECT_EQ(bench_.Find<QPlainTextEdit>("file_notes").toPlainText(), "idle is fine");
+  EXPECT_EQ(bench_.recent_files.Files().size(), 1U);
+
+  const std::uint16_t before = bench_.simulated.Ecu().Register(374);
+  bench_.simulated.Ecu().SetRegister(374, 199);
+  bench_.control.Refresh();
+  ASSERT_TRUE(
+      UiBench::WaitFor([&] { return bench_.document.Snapshot().RegisterCopy(374) == 199; }));
+  page.CompareWithEcu();
+  auto& table = bench_.Find<QTreeWidget>("difference_table");
+  ASSERT_EQ(table.topLevelItemCount(), 1);
+  EXPECT_EQ(table.topLevelItem(0)->text(2), "1.99");
+
+  bench_.Click("files_load");
+  EXPECT_THAT(bench_.boxes.said, Contains("question: " + std::string(kLoadQuestion)));
+  EXPECT_THAT(bench_.boxes.said, Contains("note: " + std::string(kConfigurationLoaded)));
+  EXPECT_EQ(bench_.simulated.Ecu().Register(374), before);
+  // What it replaced is kept.
+  EXPECT_FALSE(std::filesystem::is_empty(BackupFolder(folder_.Path())));
+}
+
+TEST_F(FilesPage, ANameThatLeavesTheStorageCannotBeStored) {
+  ASSERT_TRUE(bench_.Connect());
+  Open();
+  for (const char* const name : {"../up", "a/b", "CON", ""}) {
+    FillNextStoreDialog(name, "");
+    bench_.Click("files_store");
+  }
+  EXPECT_FALSE(std::filesystem::exists(StorageRoot(folder_.Path())));
+}
+
+TEST_F(FilesPage, FilesAreOpenedFromAnywhereAndWithoutAnEcu) {
+  const auto file = folder_.Path() / "elsewhere.fob";
+  std::string problem;
+  ASSERT_TRUE(WriteConfigurationFile(file, {}, 0, "from a stick", problem)) << problem;
+  ASSERT_TRUE(bench_.frame->OpenDocument(file.string()));
+  EXPECT_EQ(bench_.Find<QPlainTextEdit>("file_notes").toPlainText(), "from a stick");
+  EXPECT_FALSE(bench_.Find<QPushButton>("files_load").isEnabled());
+  EXPECT_EQ(bench_.frame->windowTitle(), "ZELOR GASECU - [elsewhere.fob]");
+
+  const auto dropped = folder_.Path() / "dropped.fob";
+  ASSERT_TRUE(WriteConfigurationFile(dropped, {}, 0, "by mouse", problem)) << problem;
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(QString::fromStdString(dropped.string()))});
+  QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(bench_.frame.get(), &enter);
+  QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(bench_.frame.get(), &drop);
+  EXPECT_EQ(bench_.Find<QPlainTextEdit>("file_notes").toPlainText(), "by mouse");
+}
+
+}  // namespace
+}  // namespace zelorgas

@@ -1,0 +1,341 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTimer>
+
+#include "ui/CGridTable.h"
+#include "ui/CSurface.h"
+#include "ui/FastClock.h"
+#include "ui/UiBench.h"
+
+namespace zelorgas {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+
+constexpr std::uint16_t kFirstCell = 370;
+constexpr std::uint16_t kRowStride = 16;
+
+// The window, connected, with the grid page open and the keyboard in the table. The simulated ECU's
+// map has 160 in its first three columns and 150 in the next two.
+struct GridPage {
+  explicit GridPage(Clock& clock, SimulatedLineOptions line = {.paced = false})
+      : bench(clock, kSimulatedPortName, line) {
+    EXPECT_TRUE(bench.Connect());
+    bench.OpenTab("Correction grid");
+    Table().setFocus();
+  }
+
+  [[nodiscard]] CGridTable& Table() const { return bench.Find<CGridTable>("grid_table"); }
+  [[nodiscard]] std::string Text(int row, int column) const {
+    return Table().Text({row, column}).toStdString();
+  }
+  [[nodiscard]] std::uint16_t InEcu(int row, int column) {
+    return bench.simulated.Ecu().Register(
+        static_cast<std::uint16_t>(kFirstCell + kRowStride * row + column));
+  }
+  [[nodiscard]] std::vector<int> InEcu(TableCell first, TableCell last) {
+    std::vector<int> words;
+    for (int row = first.row; row <= last.row; ++row) {
+      for (int column = first.column; column <= last.column; ++column) {
+        words.push_back(InEcu(row, column));
+      }
+    }
+    return words;
+  }
+  void Select(TableCell first, TableCell last) const {
+    Table().MoveCursor(first);
+    Table().MoveCursor(last, true);
+  }
+  // As a person types: each key goes to what has the keyboard then.
+  static void Type(const char* keys) {
+    for (const char* key = keys; *key != 0; ++key) {
+      QTest::keyClick(QApplication::focusWidget(), *key);
+    }
+  }
+  static void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), key, with);
+  }
+  // Lets what was entered reach the ECU.
+  bool Settle() {
+    QCoreApplication::processEvents();
+    return UiBench::WaitFor([this] { return !bench.control.Busy(); });
+  }
+  void Enter(const char* text) {
+    Type(text);
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(Settle());
+  }
+
+  UiBench bench;
+};
+
+TEST(GridPage, WhatIsTypedOverACellIsInTheEcuAfterEnter) {
+  struct Case {
+    const char* typed;
+    std::uint16_t word;
+    const char* shown;
+    std::size_t messages;
+  };
+  for (const Case& c : std::vector<Case>{{"1.237", 123, "1.23", 0},
+                                         {"3,5", 310, "3.10", 1},
+                                         {"0.5", 70, "0.70", 1},
+                                         {"1.2x", 160, "1.60", 0},
+                                         {"1.5.", 160, "1.60", 0}}) {
+    FastClock clock;
+    GridPage page(clock);
+    page.Enter(c.typed);
+    EXPECT_EQ(page.InEcu(0, 0), c.word) << c.typed;
+    EXPECT_EQ(page.Text(0, 0), c.shown) << c.typed;
+    EXPECT_EQ(page.bench.boxes.informed,
+              std::vector<std::string>(c.messages, std::string(kOutOfRangeInput)));
+    EXPECT_EQ(page.Table().Selection().Cursor(), (TableCell{1, 0}));
+    EXPECT_TRUE(page.Table().hasFocus());
+  }
+}
+
+TEST(GridPage, ACellKeepsItsValueWhenTheEcuDoesNotTakeAnother) {
+  FastClock clock;
+  GridPage page(clock);
+  page.bench.simulated.SetEcuUnplugged(true);
+  std::vector<std::string> shown;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    if (page.bench.control.Busy()) shown.push_back(page.Text(0, 0));
+  });
+  look.start(0);
+  page.Enter("1.2");
+  EXPECT_THAT(page.bench.boxes.informed, ElementsAre(std::string(kParameterNotLoaded)));
+  EXPECT_FALSE(shown.empty());
+  EXPECT_THAT(shown, Each("1.60"));
+  EXPECT_EQ(page.Text(0, 0), "1.60");
+  EXPECT_FALSE(page.bench.Find<QAction>("undo_action").isEnabled());
+}
+
+TEST(GridPage, ValuesTypedFasterThanTheLineAllArrive) {
+  FastClock clock;
+  GridPage page(clock);
+  for (const char* const value : {"1.1", "1.2", "1.3"}) {
+    page.Type(value);
+    page.Press(Qt::Key_Down);
+  }
+  EXPECT_TRUE(page.Settle());
+  EXPECT_THAT(page.InEcu({0, 0}, {3, 0}), ElementsAre(110, 120, 130, 160));
+}
+
+TEST(GridPage, EscapeAndALostLinkLeaveTheCellAlone) {
+  FastClock clock;
+  GridPage page(clock);
+  page.Type("2");
+  page.Press(Qt::Key_Escape);
+  page.Type("2");
+  page.bench.simulated.SetEcuUnplugged(true);
+  ASSERT_TRUE(page.bench.WaitForState(UiBench::kConnecting));
+  page.bench.simulated.SetEcuUnplugged(false);
+  ASSERT_TRUE(page.bench.WaitForState(UiBench::kConnected));
+  EXPECT_TRUE(page.Settle());
+  EXPECT_FALSE(page.bench.Find<QLineEdit>("grid_table_editor").isVisible());
+  EXPECT_EQ(page.InEcu(0, 0), 160);
+}
+
+TEST(GridPage, TheKeysOfTableEditorsChangeTheSelectionInOneStep) {
+  struct Case {
+    Qt::Key key;
+    std::vector<int> words;
+  };
+  // From the last column with 160 to the first with 145, the cursor in that.
+  const std::vector<Case> cases{{Qt::Key_Slash, {160, 155, 150, 145}},
+                                {Qt::Key_S, {157, 152, 148, 146}},
+                                {Qt::Key_Equal, {145, 145, 145, 145}},
+                                {Qt::Key_Plus, {161, 151, 151, 146}},
+                                {Qt::Key_Minus, {159, 149, 149, 144}}};
+  const std::vector<int> before{160, 150, 150, 145};
+  FastClock clock;
+  GridPage page(clock);
+  for (const Case& c : cases) {
+    page.Select({4, 2}, {4, 5});
+    page.Press(c.key);
+    EXPECT_TRUE(page.Settle());
+    EXPECT_EQ(page.InEcu({4, 2}, {4, 5}), c.words) << static_cast<char>(c.key);
+    page.Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(page.Settle());
+    EXPECT_EQ(page.InEcu({4, 2}, {4, 5}), before) << static_cast<char>(c.key);
+    page.Press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_TRUE(page.Settle());
+    EXPECT_EQ(page.InEcu({4, 2}, {4, 5}), c.words) << static_cast<char>(c.key);
+    page.bench.Click("undo_button");
+    EXPECT_TRUE(page.Settle());
+  }
+  EXPECT_FALSE(page.bench.Find<QWidget>("undo_button").isEnabled());
+}
+
+TEST(GridPage, ModifyAreaAsksAndRemembers) {
+  FastClock clock;
+  GridPage page(clock);
+  page.Press(Qt::Key_Down, Qt::ShiftModifier);
+  page.Press(Qt::Key_Right, Qt::ShiftModifier);
+  page.Press(Qt::Key_M, Qt::ControlModifier);
+  auto* dialog = &page.bench.Find<QDialog>("cell_change_dialog");
+  page.bench.Find<QRadioButton>("mode_absolute").click();
+  auto& value = page.bench.Find<QLineEdit>("change_value");
+  value.setText("two");
+  auto* const ok = dialog->findChild<QPushButton*>();
+  ASSERT_EQ(ok->text(), "OK");
+  EXPECT_FALSE(ok->isEnabled());
+  value.setText("1,75");
+  ok->click();
+  EXPECT_TRUE(page.Settle());
+  EXPECT_THAT(page.InEcu({0, 0}, {1, 1}), Each(175));
+  EXPECT_EQ(page.InEcu(2, 0), 160);
+  EXPECT_EQ(page.Text(1, 1), "1.75");
+
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  page.bench.Find<QAction>("modify_area_action").trigger();
+  EXPECT_TRUE(page.bench.Find<QRadioButton>("mode_absolute").isChecked());
+  EXPECT_EQ(page.bench.Find<QLineEdit>("change_value").text(), "1.75");
+  page.bench.Find<QDialog>("cell_change_dialog").reject();
+}
+
+TEST(GridPage, BlocksGoToASpreadsheetAndBack) {
+  FastClock clock;
+  GridPage page(clock);
+  QClipboard& clipboard = *QGuiApplication::clipboard();
+  page.Select({0, 2}, {1, 3});
+  page.Press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(clipboard.text(), "1.60\t1.50\n1.60\t1.50\n");
+  clipboard.setText("1,1\t1,2\r\n1,3\t1,4\r\n");
+  page.Table().MoveCursor({10, 10});
+  page.Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_TRUE(page.Settle());
+  EXPECT_THAT(page.InEcu({10, 10}, {11, 11}), ElementsAre(110, 120, 130, 140));
+  page.Table().MoveCursor({11, 10});
+  const std::size_t writes = page.bench.simulated.Ecu().WriteCount();
+  page.Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_TRUE(page.Settle());
+  EXPECT_EQ(page.bench.simulated.Ecu().WriteCount(), writes);
+  EXPECT_EQ(page.bench.boxes.informed.size(), 1U) << "the block does not fit there";
+}
+
+TEST(GridPage, ALongActionCanBeCancelledAndTakenBack) {
+  const std::unique_ptr<Clock> clock = MakeSteadyClock();
+  GridPage page(*clock, {});
+  page.Table().SelectAll();
+  QTimer cancel;
+  QObject::connect(&cancel, &QTimer::timeout, [&] {
+    auto* const dialog = page.bench.frame->findChild<QDialog*>("progress_dialog");
+    if (dialog == nullptr || !dialog->isVisible()) return;
+    EXPECT_FALSE(page.bench.Find<QWidget>("interpolate_button").isEnabled());
+    QTest::mouseClick(dialog->findChild<QPushButton*>(), Qt::LeftButton);
+  });
+  cancel.start(20);
+  page.Press(Qt::Key_Plus);
+  EXPECT_TRUE(page.Settle());
+  cancel.stop();
+  EXPECT_EQ(page.InEcu(0, 0), 161);
+  EXPECT_EQ(page.Text(0, 0), "1.61");
+  EXPECT_EQ(page.InEcu(11, 11), 140);
+  EXPECT_EQ(page.Text(11, 11), "1.40");
+  EXPECT_TRUE(page.bench.Find<QWidget>("interpolate_button").isEnabled());
+  page.bench.Find<QAction>("undo_action").trigger();
+  EXPECT_TRUE(page.Settle());
+  EXPECT_EQ(page.bench.simulated.Ecu().Block(), FactoryConfiguration());
+}
+
+TEST(GridPage, TheLiveCellIsFollowedAndNudged) {
+  FastClock clock;
+  GridPage page(clock);
+  page.bench.simulated.Ecu().PinEngine(EngineState{.speed_rpm = 2450, .petrol_time_us = 6100});
+  ASSERT_TRUE(UiBench::WaitFor(
+      [&] { return page.bench.Text("live_cell") == "Live: 6.0 ms, 2400 1/min, 1.50"; }));
+  page.bench.Find<QSlider>("nudge_percent").setValue(10);
+  EXPECT_EQ(page.bench.Text("nudge_percent_text"), "10 %");
+  page.bench.Click("nudge_increase_button");
+  EXPECT_TRUE(page.Settle());
+  EXPECT_THAT(page.InEcu({1, 2}, {3, 4}), ElementsAre(168, 157, 157, 168, 165, 157, 168, 157, 157));
+  page.bench.Click("nudge_decrease_button");
+  EXPECT_TRUE(page.Settle());
+  EXPECT_EQ(page.InEcu(2, 3), 148);
+}
+
+TEST(GridPage, CentresAreWrittenAndShown) {
+  FastClock clock;
+  GridPage page(clock);
+  page.bench.Find<QAction>("cell_centres_action").trigger();
+  auto& dialog = page.bench.Find<QDialog>("map_refs_dialog");
+  page.bench.Find<QLineEdit>("centre_speed2").setText("1.5");
+  dialog.accept();
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_EQ(page.bench.boxes.informed.size(), 1U);
+  page.bench.Find<QLineEdit>("centre_speed2").setText("1300");
+  page.bench.Find<QLineEdit>("centre_time12").setText("24,25");
+  dialog.accept();
+  EXPECT_TRUE(page.Settle());
+  EXPECT_EQ(page.bench.simulated.Ecu().Register(355), 1300);
+  EXPECT_EQ(page.bench.simulated.Ecu().Register(349), 24250);
+  page.Table().MoveCursor({11, 1});
+  EXPECT_EQ(page.Table().accessibleDescription(), "24.2, 1300: 1.60");
+}
+
+// Counts how often a widget and what it is made of paint.
+class PaintCount final : public QObject {
+ public:
+  explicit PaintCount(QWidget& page) {
+    page.installEventFilter(this);
+    for (QWidget* const part : page.findChildren<QWidget*>()) part->installEventFilter(this);
+  }
+  int paints = 0;
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++paints;
+    return false;
+  }
+};
+
+TEST(GridPage, PaintsWhatIsLiveAndNothingWhileHidden) {
+  FastClock clock;
+  GridPage page(clock);
+  PaintCount count(page.bench.Find<QWidget>("grid_page"));
+  EXPECT_TRUE(UiBench::WaitFor([&] { return count.paints > 10; }));
+  page.bench.OpenTab("Start");
+  QCoreApplication::processEvents();
+  count.paints = 0;
+  const std::string speed = page.bench.Live("live_engine_speed");
+  EXPECT_TRUE(UiBench::WaitFor([&] { return page.bench.Live("live_engine_speed") != speed; }));
+  EXPECT_EQ(count.paints, 0);
+}
+
+TEST(GridSurface, TurnsAndZoomsByKeyboardAndMouse) {
+  FastClock clock;
+  GridPage page(clock);
+  auto& surface = page.bench.Find<CSurface>("grid_surface");
+  surface.setFocus();
+  const double azimuth = surface.Projection().Azimuth();
+  const double elevation = surface.Projection().Elevation();
+  QTest::keyClick(&surface, Qt::Key_Right);
+  QTest::keyClick(&surface, Qt::Key_Up);
+  QTest::keyClick(&surface, Qt::Key_Plus);
+  EXPECT_GT(surface.Projection().Azimuth(), azimuth);
+  EXPECT_GT(surface.Projection().Elevation(), elevation);
+  EXPECT_GT(surface.Projection().Enlargement(), 1);
+  QTest::keyClick(&surface, Qt::Key_Home);
+  EXPECT_EQ(surface.Projection().Azimuth(), azimuth);
+  QTest::mousePress(&surface, Qt::LeftButton, {}, {100, 100});
+  QMouseEvent drag(QEvent::MouseMove, QPointF(140, 130), surface.mapToGlobal(QPointF(140, 130)),
+                   Qt::NoButton, Qt::LeftButton, {});
+  QApplication::sendEvent(&surface, &drag);
+  EXPECT_GT(surface.Projection().Azimuth(), azimuth);
+  EXPECT_GT(surface.Projection().Elevation(), elevation);
+}
+
+}  // namespace
+}  // namespace zelorgas
