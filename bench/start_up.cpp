@@ -1,6 +1,7 @@
 // How long the program takes from its start to a window that can be used, beside an empty Qt
-// Widgets program (a main window with one menu title and nothing else): each run is a process of its own, and the clock stops when the event loop is
-// idle behind the first painted window. The two take turns; prints the ratio of the medians.
+// Widgets program (a main window with one menu title and nothing else): each run is a process of
+// its own, and the clock stops when the event loop is idle behind the first painted window. The two
+// take turns; prints the ratio of the medians.
 #include <sys/wait.h>
 #include <unistd.h>
 
