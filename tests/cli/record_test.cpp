@@ -114,7 +114,7 @@ TEST_F(Record, WhatCannotBeRecordedLeavesNoFile) {
     EXPECT_THAT(run.err, HasSubstr(c.message));
   }
   EXPECT_EQ(ecu_.WriteCount(), 0U) << "nobody has spoken to the ECU";
-  line_.ArmFault({FaultKind::kSilent, 1'000'000}, kIntoTheFirstRead);
+  line_.ArmFault({FaultKind::kSilent, 4'000'000'000}, kIntoTheFirstRead);
   const CliHarness::Outcome run = Run({"record", file_, "--seconds", "1"});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr("no live values have come"));
