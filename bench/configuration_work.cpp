@@ -23,7 +23,7 @@ using zelorgas::CellForm;
 using zelorgas::ConfigurationBlock;
 
 void Require(bool done) {
-  if (!done) std::exit(1);
+  if (!done) std::abort();
 }
 
 // Long numbers, and notes that make it 13 KB.
