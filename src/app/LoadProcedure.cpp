@@ -134,14 +134,15 @@ bool LoadProcedure::StoreBackup(const LoadRequest& request) {
 bool LoadProcedure::Write(const ConfigurationBlock& block) {
   const auto write = [&] {
     LinkSession session(document_, LinkSession::Wait::kGrace);
-    result_.words_written = 0;
     Report(progress_, TransferStage::kWriting, 0);
     const ChunkDone keep = StoreInto(session.Image().block);
     return WriteBlock(session.Link(), block,
                       [&](std::size_t offset, std::span<const std::uint16_t> words) {
                         keep(offset, words);
-                        result_.words_written = offset + words.size();
-                        Report(progress_, TransferStage::kWriting, result_.words_written);
+                        const std::size_t written = offset + words.size();
+                        // Of all tries: a later one may have come less far.
+                        result_.words_written = std::max(result_.words_written, written);
+                        Report(progress_, TransferStage::kWriting, written);
                         document_.SleepSliced(kRest);
                       });
   };

@@ -9,6 +9,7 @@
 #include "cli/Text.h"
 #include "firmware/FirmwareDownload.h"
 #include "firmware/LinkPreparation.h"
+#include "platform/StandardStreams.h"
 
 namespace zelorgas {
 namespace {
@@ -113,6 +114,7 @@ class Update {
       return ExitStatus::kRefused;
     }
     environment.catch_interrupts();
+    OutliveTerminal();
     start_ = environment.clock.Now();
     return ExitStatus::kDone;
   }

@@ -110,6 +110,8 @@ bool IsRecordingName(std::string_view name) {
 ExitStatus RunRecord(CliSession& session, std::span<const std::string> arguments) {
   if (arguments.size() != 1) return session.UsageError("record needs the file to store in");
   const std::string& name = arguments.front();
+  // A configuration is not to be written over by a recording.
+  if (!IsRecordingName(name)) return session.UsageError("a recording's file ends in .osc");
   const auto seconds = session.Option("--seconds");
   if (!seconds) return session.UsageError("record needs --seconds");
   std::string problem;

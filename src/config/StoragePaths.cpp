@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <system_error>
 
 #include "platform/FileSystem.h"
 #include "platform/IgnoreCase.h"
@@ -70,6 +71,12 @@ bool IsUtf8(std::string_view text) {
 }
 
 }  // namespace
+
+std::filesystem::path WorkingFolder() {
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::current_path(error);
+  return error ? std::filesystem::path(".") : folder;
+}
 
 std::filesystem::path StorageRoot(const std::filesystem::path& working_folder) {
   return working_folder / "storage";

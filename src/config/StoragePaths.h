@@ -15,6 +15,9 @@ inline constexpr std::string_view kDefaultBrandFolder = "ANYBRAND";
 // The entry of the store dialog's gas types that means compressed natural gas; every other is LPG.
 inline constexpr unsigned kNaturalGas = 1;
 
+// Where the program was started; the present folder by its short name when that is gone.
+[[nodiscard]] std::filesystem::path WorkingFolder();
+
 // "storage" below the program's working folder: the root of the tree.
 [[nodiscard]] std::filesystem::path StorageRoot(const std::filesystem::path& working_folder);
 // "storage/LPG/ANYBRAND": where the store dialog begins. `brand` has passed NameProblem; an empty

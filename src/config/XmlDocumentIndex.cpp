@@ -35,6 +35,12 @@ class Indexer {
   [[nodiscard]] std::string_view NameOf(XmlIndex::Position element) const {
     return NameAt(index_.elements[element].offset + 1);
   }
+  // Looks at no more of the text than `name` is long.
+  [[nodiscard]] bool HasName(XmlIndex::Position element, std::string_view name) const {
+    const std::size_t start = index_.elements[element].offset + 1;
+    return text_.substr(start, name.size()) == name &&
+           XmlNameEnd(text_, start + name.size()) == start + name.size();
+  }
 
   // Gives the offset behind what begins at `at` with "<".
   std::size_t ReadMarkup(std::size_t at) {
@@ -95,7 +101,7 @@ class Indexer {
       findings_.Mismatch(name, at, start_name, Open().offset);
       // An end tag has been left out, or it is this one, with its name spelled wrong.
       const XmlIndex::Position around = Open().parent;
-      if (around != XmlIndex::kNone && NameOf(around) == name) open_ = Leave(at);
+      if (around != XmlIndex::kNone && HasName(around, name)) open_ = Leave(at);
     }
     Open().end_tag_length = end - at;
     open_ = Leave(end);

@@ -14,7 +14,6 @@ void Oscilloscope::StretchTime() { time_scale_ = std::min(time_scale_ * 2, kLarg
 void Oscilloscope::ShrinkTime() { time_scale_ = std::max(time_scale_ / 2, kSmallestTimeScale); }
 
 void Oscilloscope::FitTimeScale(std::size_t samples) {
-  time_scale_ = kSmallestTimeScale;
   while (Capacity() < samples && time_scale_ < kLargestTimeScale) StretchTime();
 }
 

@@ -26,7 +26,7 @@ class Oscilloscope {
   [[nodiscard]] double TimeScale() const { return time_scale_; }
   void StretchTime();  // twice the scale
   void ShrinkTime();   // half the scale
-  // To the smallest scale whose capacity takes `samples`, or the largest scale.
+  // Up to a scale whose capacity takes `samples`, or the largest.
   void FitTimeScale(std::size_t samples);
   [[nodiscard]] double SpanSeconds() const { return 40 * time_scale_; }
   [[nodiscard]] double MajorDivisionSeconds() const { return 2 * time_scale_; }

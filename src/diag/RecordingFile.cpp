@@ -49,7 +49,12 @@ bool LoadRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path
   if (!MayDropRecording(oscilloscope, boxes)) return false;
   RecordingContents contents = LoadRecordingFile(path);
   if (!contents.detail.empty()) boxes.Status(contents.detail);
-  if (contents.fault != RecordingFault::kNoRecording) oscilloscope.Show(std::move(contents.traces));
+  if (contents.fault != RecordingFault::kNoRecording) {
+    // The next live record would push the loaded ones on.
+    oscilloscope.SetRecording(false);
+    oscilloscope.Show(std::move(contents.traces));
+    oscilloscope.FitTimeScale(oscilloscope.Traces().Length());
+  }
   const bool complete = contents.fault == RecordingFault::kNone;
   boxes.Inform(complete ? kConfigurationLoaded : kConfigurationNotLoaded,
                complete ? MessageIcon::kInformation : MessageIcon::kError);

@@ -32,7 +32,8 @@ inline constexpr std::string_view kRecordingUnsaved =
 bool SaveRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
                    MessageBoxes& boxes);
 
-// Shows the file's recording in place of the present one; asks first when that is unsaved. A file
+// Shows the file's recording in place of the present one, stopped and on a time axis that takes it;
+// asks first when the present one is unsaved. A file
 // that is no recording leaves everything as it was. Pieces that are no numbers are left out, and
 // the rest is shown, with the error message. The status line tells what is wrong. True when
 // everything was read.

@@ -95,7 +95,10 @@ FirmwareDownload::FirmwareDownload(ClpgecuDoc& document, MessageBoxes& boxes, Fi
 
 FirmwareDownload::Outcome FirmwareDownload::Erase(const EcuIdentity& ecu) {
   flash_changed_ = false;
-  if (!boxes_.Ask(EraseQuestion(ecu))) return Tell({Outcome::kDeclined});
+  std::optional<std::string> stored;
+  if (!boxes_.Ask(EraseQuestion(ecu)) || !StoreFirst(ecu, stored)) {
+    return Tell({Outcome::kDeclined});
+  }
   const MoreAttempts attempts(document_.Link());
   const Outcome outcome = Tell(EraseUnderway());
   boxes_.Status(kIdle);
@@ -107,13 +110,9 @@ FirmwareDownload::Outcome FirmwareDownload::Program(const std::filesystem::path&
   flash_changed_ = false;
   const ImageContent checked = ReadFirmwareImage(image);
   if (!checked.problem.empty()) return Tell({Outcome::kBadImage, checked.problem});
-  if (!boxes_.Ask(ProgramQuestion(image, checked.bytes.size(), ecu))) {
-    return Tell({Outcome::kDeclined});
-  }
   std::optional<std::string> stored;
-  if (hooks_.store_configuration && !ecu.bootloader) {
-    stored = hooks_.store_configuration();
-    if (!stored && !boxes_.Ask(kNoCopyQuestion)) return Tell({Outcome::kDeclined});
+  if (!boxes_.Ask(ProgramQuestion(image, checked.bytes.size(), ecu)) || !StoreFirst(ecu, stored)) {
+    return Tell({Outcome::kDeclined});
   }
   const MoreAttempts attempts(document_.Link());
   const Outcome outcome = Tell(ProgramUnderway(image, checked.bytes));
@@ -122,6 +121,12 @@ FirmwareDownload::Outcome FirmwareDownload::Program(const std::filesystem::path&
     hooks_.offer_configuration(*stored);
   }
   return outcome;
+}
+
+bool FirmwareDownload::StoreFirst(const EcuIdentity& ecu, std::optional<std::string>& stored) {
+  if (!hooks_.store_configuration || ecu.bootloader) return true;
+  stored = hooks_.store_configuration();
+  return stored || boxes_.Ask(kNoCopyQuestion);
 }
 
 FirmwareDownload::Outcome FirmwareDownload::Tell(const End& end) {
@@ -192,7 +197,10 @@ FirmwareDownload::End FirmwareDownload::CheckRoom(mbFlasher& flasher, std::size_
                                                   std::uint32_t& start) {
   const std::uint32_t before = flasher.BlockEnd(kBootloaderBlock);
   const std::uint32_t last = flasher.BlockEnd(kLastBlock);
-  if (flasher.LinkFailure() != ModbusResult::kOk || last <= before) return LinkDown(flasher);
+  const bool page_begins = (before + 1) % mbFlasher::kPageSize == 0;
+  if (flasher.LinkFailure() != ModbusResult::kOk || last <= before || !page_begins) {
+    return LinkDown(flasher);
+  }
   if (size > last - before) return {Outcome::kBadImage, kImageTooLarge};
   start = before + 1;
   return {};
@@ -204,6 +212,12 @@ FirmwareDownload::End FirmwareDownload::EraseBlocks(mbFlasher& flasher, MessageI
     const bool blank = flasher.BlankCheck(block) == 0;
     const bool erased = certain() && (blank || flasher.Erase(block) == 0);
     if (!erased || !certain()) {
+      return {Outcome::kFailed, kEraseFailed, icon, flasher.LinkFailure()};
+    }
+  }
+  // An ECU that has lost its power in between answers 0, as for a block that is blank.
+  for (std::uint16_t block = kFirstBlock; block <= kLastBlock; ++block) {
+    if (flasher.BlankCheck(block) != 0 || !certain()) {
       return {Outcome::kFailed, kEraseFailed, icon, flasher.LinkFailure()};
     }
   }

@@ -97,6 +97,9 @@ class FirmwareDownload {
   [[nodiscard]] static End CheckSupply(mbFlasher& flasher);
   [[nodiscard]] static End CheckRoom(mbFlasher& flasher, std::size_t size, std::uint32_t& start);
   [[nodiscard]] static End EraseBlocks(mbFlasher& flasher, MessageIcon icon);
+  // Has the configuration stored while the ECU still runs its application. False when it could not
+  // be, and the person does not want to go on without it.
+  [[nodiscard]] bool StoreFirst(const EcuIdentity& ecu, std::optional<std::string>& stored);
   Outcome Tell(const End& end);
   [[nodiscard]] bool StopWanted() const { return hooks_.stop_wanted && hooks_.stop_wanted(); }
   [[nodiscard]] mbFlasher MakeFlasher();

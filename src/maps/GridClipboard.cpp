@@ -35,6 +35,11 @@ std::string Quantity(std::size_t count, const char* what) {
 std::optional<Block> ParseBlock(std::string_view text, std::string& message) {
   // Spreadsheets end the last line too.
   text = text.substr(0, text.find_last_not_of("\r\n") + 1);
+  constexpr std::size_t kLongest = 64 * std::size_t{1024};
+  if (text.size() > kLongest) {
+    message = "The pasted text is too long for the grid!";
+    return std::nullopt;
+  }
   if (Trimmed(text).empty()) {
     message = "There is nothing to paste!";
     return std::nullopt;

@@ -9,6 +9,10 @@ namespace zelorgas {
 // would have without this.
 void KeepStandardStreams();
 
+// From here on the program goes on when nobody reads its output any more, or the terminal is
+// closed: what it does to the ECU is worth more than what it has to say.
+void OutliveTerminal();
+
 // True when a person can be asked on standard input.
 [[nodiscard]] bool StandardInputIsTerminal();
 // True when a person sees standard error, and a line of it can be drawn over.

@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <initializer_list>
 
 #include "platform/StandardStreams.h"
@@ -16,6 +17,11 @@ void KeepStandardStreams() {
     // Without /dev/null the program can only go on as it was started.
     static_cast<void>(::open("/dev/null", direction));
   }
+}
+
+void OutliveTerminal() {
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+  static_cast<void>(std::signal(SIGHUP, SIG_IGN));
 }
 
 bool StandardInputIsTerminal() { return ::isatty(STDIN_FILENO) == 1; }

@@ -16,6 +16,9 @@ bool IsConsole(DWORD stream) {
 // Handles of closed streams are not given out again here.
 void KeepStandardStreams() {}
 
+// Output that nobody reads only fails here.
+void OutliveTerminal() {}
+
 bool StandardInputIsTerminal() { return IsConsole(STD_INPUT_HANDLE); }
 
 bool StandardErrorIsTerminal() { return IsConsole(STD_ERROR_HANDLE); }

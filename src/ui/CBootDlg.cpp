@@ -54,7 +54,8 @@ CBootDlg::CBootDlg(ClpgecuDoc& document, MessageBoxes& boxes, Images images, Sto
     : QDialog(parent),
       document_(document),
       images_(std::move(images)),
-      boxes_(*this, boxes, [this](const QString& text) { ShowStatus(text); }),
+      calls_(*this),
+      boxes_(calls_, boxes, [this](const QString& text) { ShowStatus(text); }),
       download_(document, boxes_, Hooks(std::move(store))),
       end_(ecu.bootloader ? FirmwareUpdate::End::kNotRunning : FirmwareUpdate::End::kUntouched) {
   setObjectName("boot_dialog");
@@ -280,13 +281,15 @@ void CBootDlg::reject() {
   }
 }
 
+void CBootDlg::customEvent(QEvent*) { calls_.Run(); }
+
 void CBootDlg::Begin(std::optional<std::filesystem::path> image) {
   ShowPhase(Phase::kUpdating, tr("Do not unplug the cable and do not switch the ignition off now. "
                                  "The window closes when the update has ended."));
   ShowNoProgress(/*busy=*/false);
-  worker_ =
-      std::make_unique<FirmwareWorker>([this, image = std::move(image)] { Update(image); },
-                                       [this](bool /*has_run*/) { Post([this] { FollowEnd(); }); });
+  worker_ = std::make_unique<FirmwareWorker>(
+      [this, image = std::move(image)] { Update(image); },
+      [this](bool /*has_run*/) { calls_.Post([this] { FollowEnd(); }); });
   worker_->Begin();
 }
 
@@ -332,11 +335,11 @@ void CBootDlg::Update(const std::optional<std::filesystem::path>& image) {
     boxes_.Inform(found.message, MessageIcon::kError);
     return;
   }
-  Post([this, ecu] { ShowEcu(ecu); });
+  calls_.Post([this, ecu] { ShowEcu(ecu); });
   outcome_ = image ? download_.Program(*image, ecu) : download_.Erase(ecu);
   programmed_ = image && outcome_ == Outcome::kDone;
   if (!programmed_) return;
-  Post([this] {
+  calls_.Post([this] {
     ShowPhase(Phase::kStarting, tr("The new firmware is in the ECU, which is about to start it. "
                                    "The program connects again by itself."));
   });
@@ -344,7 +347,7 @@ void CBootDlg::Update(const std::optional<std::filesystem::path>& image) {
       document_,
       {.ignition_needed =
            [this] {
-             Post([this] {
+             calls_.Post([this] {
                ShowPhase(Phase::kStarting,
                          tr("The new firmware is in the ECU. Switch the ignition off, wait ten "
                             "seconds and switch it on again: the program then connects by "
@@ -357,25 +360,18 @@ void CBootDlg::Update(const std::optional<std::filesystem::path>& image) {
 FirmwareHooks CBootDlg::Hooks(Store store) {
   FirmwareHooks hooks;
   hooks.progress = [this](const FlashProgress& progress) {
-    Post([this, progress] { ShowProgress(progress); });
+    calls_.Post([this, progress] { ShowProgress(progress); });
   };
   if (!store) return hooks;
   hooks.store_configuration = [this, store = std::move(store)] {
     std::optional<std::string> stored;
-    QMetaObject::invokeMethod(
-        this,
-        [&] {
-          ShowStatus(tr("Storing the configuration..."));
-          stored = store();
-        },
-        Qt::BlockingQueuedConnection);
+    calls_.Call([&] {
+      ShowStatus(tr("Storing the configuration..."));
+      stored = store();
+    });
     return stored;
   };
   return hooks;
-}
-
-void CBootDlg::Post(std::function<void()> task) {
-  QMetaObject::invokeMethod(this, std::move(task), Qt::QueuedConnection);
 }
 
 }  // namespace zelorgas

@@ -22,6 +22,7 @@
 #include "ui/CChoiceList.h"
 #include "ui/CElidedLabel.h"
 #include "ui/ThreadBoxes.h"
+#include "ui/UiCalls.h"
 
 namespace zelorgas {
 
@@ -54,6 +55,10 @@ class CBootDlg final : public QDialog {
   // Escape and the close button: not during an update.
   void reject() override;
 
+ protected:
+  // The update's thread wants something.
+  void customEvent(QEvent* event) override;
+
  private:
   enum class Phase : std::uint8_t { kIdle, kUpdating, kStarting };
 
@@ -81,11 +86,10 @@ class CBootDlg final : public QDialog {
   // On the update's thread.
   void Update(const std::optional<std::filesystem::path>& image);
   [[nodiscard]] FirmwareHooks Hooks(Store store);
-  // Runs `task` on the user-interface thread, later.
-  void Post(std::function<void()> task);
 
   ClpgecuDoc& document_;
   const Images images_;
+  UiCalls calls_;  // of the update's thread
   ThreadBoxes boxes_;
   FirmwareDownload download_;
   FirmwareUpdate::End end_;

@@ -51,12 +51,11 @@ void CCellEditor::Close() {
 }
 
 bool CCellEditor::event(QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
-      Commit(0, key == Qt::Key_Tab ? 1 : -1);
-      return true;
-    }
+  const auto* const press = dynamic_cast<QKeyEvent*>(event);
+  if (press != nullptr && press->type() == QEvent::KeyPress &&
+      (press->key() == Qt::Key_Tab || press->key() == Qt::Key_Backtab)) {
+    Commit(0, press->key() == Qt::Key_Tab ? 1 : -1);
+    return true;
   }
   return QLineEdit::event(event);
 }

@@ -68,8 +68,8 @@ QSize CCellTable::minimumSizeHint() const {
 }
 
 QRect CCellTable::CellRect(TableCell cell) const {
-  return QRect(PlaceAt(cell.row, cell.column).toPoint(),
-               PlaceAt(cell.row + 1, cell.column + 1).toPoint() - QPoint(1, 1));
+  return {PlaceAt(cell.row, cell.column).toPoint(),
+          PlaceAt(cell.row + 1, cell.column + 1).toPoint() - QPoint(1, 1)};
 }
 
 QRect CCellTable::CellArea() const {
@@ -139,8 +139,8 @@ void CCellTable::FinishEditing(const QString& text, int row_step, int column_ste
 }
 
 bool CCellTable::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
-  const auto* const help = static_cast<QHelpEvent*>(event);
+  const auto* const help = dynamic_cast<QHelpEvent*>(event);
+  if (help == nullptr || help->type() != QEvent::ToolTip) return QWidget::event(event);
   const TableCell cell = CellAt(help->pos());
   if (cell.row >= 0 && cell.column >= 0 && !At(cell).tip.isEmpty()) {
     QToolTip::showText(help->globalPos(), At(cell).tip, this, CellRect(cell));

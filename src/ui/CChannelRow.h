@@ -15,7 +15,7 @@ class CChannelRow final : public QWidget {
   Q_OBJECT
 
  public:
-  CChannelRow(ScopeChannel channel, QWidget* parent = nullptr);
+  explicit CChannelRow(ScopeChannel channel, QWidget* parent = nullptr);
 
   [[nodiscard]] bool IsShown() const { return box_->isChecked(); }
   void SetShown(bool shown) { box_->setChecked(shown); }

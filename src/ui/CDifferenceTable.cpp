@@ -47,7 +47,7 @@ void CDifferenceTable::Show(const QString& first, const QString& second,
   table_->setHeaderLabels({tr("Value"), first, second});
   for (const BlockDifference& difference : differences) {
     auto* const row = new QTreeWidgetItem(
-        table_, {ToQString(difference.cell->name), ToQString(difference.first_text),
+        table_, {ToQString(difference.cell->Label()), ToQString(difference.first_text),
                  ToQString(difference.second_text)});
     row->setToolTip(0, tr("Register %1").arg(RegisterOfWord(difference.cell->word)));
     row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);

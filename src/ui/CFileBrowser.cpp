@@ -23,6 +23,13 @@ void SetPath(QTreeWidgetItem* item, const std::filesystem::path& path) {
   item->setData(0, kPathRole, ToQString(PathText(path)));
 }
 
+// What a file or a stranger's name says is never taken for markup, and does not fill the screen.
+QString PlainToolTip(const std::string& text) {
+  constexpr qsizetype kLongest = 1000;
+  return "<p style='white-space:pre-wrap'>" + ToQString(text).left(kLongest).toHtmlEscaped() +
+         "</p>";
+}
+
 // One line of the list, whatever the notes hold.
 QString OneLine(const std::string& text) { return ToQString(text).simplified(); }
 
@@ -77,20 +84,24 @@ void CFileBrowser::Refresh() {
   const StorageFileEntry* const selected = SelectedFile();
   const std::filesystem::path file = selected == nullptr ? folder : selected->path;
   {
+    // Nothing is selected anew: who looks on keeps what it shows.
+    const QSignalBlocker silent(this);
     const QSignalBlocker quiet(tree_);
     tree_->clear();
     auto* const top = new QTreeWidgetItem(tree_, {TranslatedMessage(kStorageTreeName)});
     SetPath(top, root_);
     ShowFolder(ReadStorageFolders(root_), top);
     tree_->expandAll();
+    SelectFolder(folder);
+    ListFiles();
+    SelectFile(file);
   }
-  SelectFolder(folder);
-  SelectFile(file);
+  emit SelectionChanged();
 }
 
 void CFileBrowser::ShowFolder(const StorageFolderEntry& folder, QTreeWidgetItem* item) {
   item->setIcon(0, style()->standardIcon(QStyle::SP_DirIcon));
-  item->setToolTip(0, folder.problem.empty() ? item->text(0) : ToQString(folder.problem));
+  item->setToolTip(0, PlainToolTip(folder.problem.empty() ? folder.name : folder.problem));
   for (const StorageFolderEntry& inner : folder.folders) {
     auto* const child = new QTreeWidgetItem(item, {ToQString(inner.name)});
     SetPath(child, inner.path);
@@ -127,8 +138,8 @@ void CFileBrowser::ListFiles() {
                                       sound ? OneLine(file.notes) : ToQString(file.problem)});
       row->setIcon(
           kName, style()->standardIcon(sound ? QStyle::SP_FileIcon : QStyle::SP_MessageBoxWarning));
-      row->setToolTip(kName, row->text(kName));
-      row->setToolTip(kNotes, sound ? ToQString(file.notes) : ToQString(file.problem));
+      row->setToolTip(kName, PlainToolTip(file.name));
+      row->setToolTip(kNotes, PlainToolTip(sound ? file.notes : file.problem));
     }
   }
   QString text = ToQString(files_.problem);

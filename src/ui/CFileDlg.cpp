@@ -5,14 +5,13 @@
 #include <QVBoxLayout>
 
 #include "config/StoragePaths.h"
-#include "platform/FileSystem.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
 
 CFileDlg::CFileDlg(Purpose purpose, const QString& title, const std::filesystem::path& root,
-                   const std::string& extension, MessageBoxes& boxes, QWidget* parent)
-    : QDialog(parent), purpose_(purpose), extension_(extension), boxes_(boxes) {
+                   const std::string& extension, QWidget* parent)
+    : QDialog(parent), purpose_(purpose), extension_(extension) {
   setObjectName("file_dialog");
   setWindowTitle(title);
   browser_ = new CFileBrowser("file_browser", root, extension, this);
@@ -70,13 +69,7 @@ void CFileDlg::Check() {
 }
 
 void CFileDlg::accept() {
-  if (file_.empty()) return;
-  std::error_code none;
-  if (purpose_ == Purpose::kSave && std::filesystem::exists(file_, none)) {
-    const QString question = tr("%1 exists already.\nDo you want to replace it?");
-    if (!boxes_.Ask(question.arg(ToQString(PathText(file_.filename()))).toStdString())) return;
-  }
-  QDialog::accept();
+  if (!file_.empty()) QDialog::accept();
 }
 
 }  // namespace zelorgas

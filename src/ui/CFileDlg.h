@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <string>
 
-#include "app/MessageBoxes.h"
 #include "ui/CFileBrowser.h"
 
 namespace zelorgas {
@@ -21,9 +20,9 @@ class CFileDlg final : public QDialog {
  public:
   enum class Purpose : std::uint8_t { kOpen, kSave };
 
-  // `boxes` asks before an existing file is given for saving.
+  // Who saves to the file asks before it replaces one.
   CFileDlg(Purpose purpose, const QString& title, const std::filesystem::path& root,
-           const std::string& extension, MessageBoxes& boxes, QWidget* parent);
+           const std::string& extension, QWidget* parent);
 
   void SelectFolder(const std::filesystem::path& folder) { browser_->SelectFolder(folder); }
   // What the person has chosen, after the dialog was accepted.
@@ -37,7 +36,6 @@ class CFileDlg final : public QDialog {
 
   const Purpose purpose_;
   const std::string extension_;
-  MessageBoxes& boxes_;
   CFileBrowser* browser_;
   QLineEdit* name_;
   QLabel* problem_;

@@ -262,13 +262,13 @@ bool CMainFrame::OpenDocument(const std::string& file) {
                           MessageIcon::kExclamation);
     return false;
   }
-  NameDocument(file);
   const std::filesystem::path path = PathFromText(file);
   if (info.suffix().compare("osc", Qt::CaseInsensitive) == 0) {
-    view_->OpenPage<CTabDiagnostics>(tr("Oscilloscope")).Load(path);
+    if (!view_->OpenPage<CTabDiagnostics>(tr("Oscilloscope")).Load(path)) return false;
   } else {
     view_->OpenPage<CTabFiles>(tr("Files")).ShowFile(path);
   }
+  NameDocument(file);
   return true;
 }
 
@@ -322,6 +322,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
   // What nobody has looked at is no recording.
   if (findChild<CTabDiagnostics*>() != nullptr &&
       !MayDropRecording(models_->Scope(), context_.boxes)) {
+    restart_wanted_ = false;
     event->ignore();
     return;
   }

@@ -51,6 +51,7 @@ QToolButton* CNudgeBar::MakeButton(QAction* action) {
   button->setDefaultAction(action);
   button->setObjectName(action->objectName().replace("_action", "_button"));
   button->setAccessibleName(action->text());
+  button->setAccessibleDescription(action->toolTip());
   button->setToolButtonStyle(Qt::ToolButtonTextOnly);
   button->setFocusPolicy(Qt::TabFocus);
   button->setMinimumHeight(fontMetrics().height() * 7 / 4);

@@ -70,11 +70,15 @@ void CPlot::SetAxisTitles(const QString& horizontal, const QString& vertical) {
 }
 
 void CPlot::SetRange(double left, double right, double bottom, double top) {
+  const bool same_span = left == left_ && right == right_;
   left_ = left;
   right_ = right;
   bottom_ = bottom;
   top_ = top;
-  ResetRange();
+  // What the person has zoomed to stays.
+  if (!interactive_ || !same_span) return ResetRange();
+  plot_->yAxis->setRange(bottom_, top_);
+  Redraw();
 }
 
 void CPlot::SetDivisions(double major, double minor) {

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "config/StoragePaths.h"
 #include "diag/RecordingFile.h"
@@ -40,7 +41,7 @@ CTabDiagnostics::CTabDiagnostics(UiContext& context, Oscilloscope& oscilloscope,
     : CEcuPage(parent),
       context_(context),
       oscilloscope_(oscilloscope),
-      folder_(StorageRoot(std::filesystem::current_path())) {
+      folder_(StorageRoot(WorkingFolder())) {
   setObjectName("oscilloscope_page");
   setAccessibleName(tr("Oscilloscope"));
   plot_ = new CPlot("scope_plot", tr("Graph of the live signals"), this);
@@ -149,12 +150,14 @@ void CTabDiagnostics::ShowLive() {
 
 void CTabDiagnostics::ShowTraces() {
   undrawn_ = 0;
+  // A graph that can be zoomed has every sample.
+  const int columns = oscilloscope_.Recording() ? plot_->width() : std::numeric_limits<int>::max();
   double bottom = 0;
   double top = kLeastTop;
   for (std::size_t i = 0; i < kScopeChannels; ++i) {
     const ScopePoints points =
         PointsOf(oscilloscope_.Samples(static_cast<ScopeChannel>(i)), kScopeSamplePeriodSeconds,
-                 oscilloscope_.SpanSeconds(), plot_->width());
+                 oscilloscope_.SpanSeconds(), columns);
     plot_->SetPoints(i, points.seconds, points.values);
     if (!channels_[i]->IsShown() || points.values.isEmpty()) continue;
     const auto [low, high] = std::ranges::minmax(points.values);
@@ -226,15 +229,7 @@ bool CTabDiagnostics::Save(const std::filesystem::path& file) {
 
 bool CTabDiagnostics::Load(const std::filesystem::path& file) {
   folder_ = file.parent_path();
-  // The next live record would push the loaded ones on.
-  const bool recording = oscilloscope_.Recording();
-  oscilloscope_.SetRecording(false);
   const bool complete = LoadRecording(oscilloscope_, file, context_.boxes);
-  if (complete) {
-    oscilloscope_.FitTimeScale(oscilloscope_.Traces().Length());
-  } else {
-    oscilloscope_.SetRecording(recording && oscilloscope_.Unsaved());
-  }
   const QSignalBlocker quiet(notes_);
   notes_->setPlainText(ToQString(oscilloscope_.Notes()));
   cursor_.reset();
@@ -264,17 +259,15 @@ bool CTabDiagnostics::Export(const QString& file) {
 }
 
 void CTabDiagnostics::AskForFileToSave() {
-  CFileDlg dialog(CFileDlg::Purpose::kSave, tr("Save the recording"),
-                  StorageRoot(std::filesystem::current_path()), std::string(kRecordingExtension),
-                  context_.boxes, this);
+  CFileDlg dialog(CFileDlg::Purpose::kSave, tr("Save the recording"), StorageRoot(WorkingFolder()),
+                  std::string(kRecordingExtension), this);
   dialog.SelectFolder(folder_);
   if (dialog.exec() == QDialog::Accepted) Save(dialog.File());
 }
 
 void CTabDiagnostics::AskForFileToLoad() {
-  CFileDlg dialog(CFileDlg::Purpose::kOpen, tr("Load a recording"),
-                  StorageRoot(std::filesystem::current_path()), std::string(kRecordingExtension),
-                  context_.boxes, this);
+  CFileDlg dialog(CFileDlg::Purpose::kOpen, tr("Load a recording"), StorageRoot(WorkingFolder()),
+                  std::string(kRecordingExtension), this);
   dialog.SelectFolder(folder_);
   if (dialog.exec() == QDialog::Accepted) Load(dialog.File());
 }

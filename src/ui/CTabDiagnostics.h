@@ -52,9 +52,9 @@ class CTabDiagnostics final : public CEcuPage {
   Oscilloscope& oscilloscope_;
   CPlot* plot_;
   std::array<CChannelRow*, kScopeChannels> channels_{};
-  QPushButton* run_;
-  CTimeSpin* span_;
-  QLabel* place_;
+  QPushButton* run_ = nullptr;
+  CTimeSpin* span_ = nullptr;
+  QLabel* place_ = nullptr;
   QPlainTextEdit* notes_;
   std::optional<double> cursor_;  // seconds before the newest sample, while stopped
   std::filesystem::path folder_;

@@ -22,10 +22,7 @@ QString NameOf(const std::filesystem::path& file) { return ToQString(PathText(fi
 }  // namespace
 
 CTabFiles::CTabFiles(UiContext& context, PageModels& models, QWidget* parent)
-    : CEcuPage(parent),
-      context_(context),
-      models_(models),
-      working_folder_(std::filesystem::current_path()) {
+    : CEcuPage(parent), context_(context), models_(models), working_folder_(WorkingFolder()) {
   setObjectName("files_page");
   setAccessibleName(tr("Files"));
   browser_ = new CFileBrowser("configuration_browser", StorageRoot(working_folder_),
@@ -115,11 +112,13 @@ void CTabFiles::ShowButtons() {
 void CTabFiles::FollowSelection() {
   const StorageFileEntry* const file = browser_->SelectedFile();
   // What was opened from elsewhere stays until a file is selected here.
-  if (file == nullptr && !file_.empty() && file_.parent_path() != browser_->Folder()) return;
-  file_ = file == nullptr ? std::filesystem::path() : file->path;
+  if (file == nullptr && from_elsewhere_) return;
+  from_elsewhere_ = false;
+  const std::filesystem::path selected = file == nullptr ? std::filesystem::path() : file->path;
+  if (selected != file_) below_->setCurrentIndex(0);
+  file_ = selected;
   name_->setText(file == nullptr ? tr("No file is selected.") : ToQString(file->name));
   notes_->setPlainText(file == nullptr ? QString() : ToQString(file->notes));
-  below_->setCurrentIndex(0);
   ShowButtons();
 }
 
@@ -130,6 +129,7 @@ void CTabFiles::ShowFile(const std::filesystem::path& file) {
   browser_->SelectFolder(full.parent_path());
   browser_->SelectFile(full);
   if (browser_->SelectedFile() != nullptr) return;
+  from_elsewhere_ = true;
   file_ = full;
   name_->setText(ToQString(PathText(full)));
   notes_->setPlainText(ToQString(ReadNotes(full)));
@@ -174,10 +174,11 @@ void CTabFiles::LoadNow() {
   if (result.outcome == Outcome::kDifferent) {
     ShowDifferences(NameOf(file_), tr("the ECU"), result.differences);
   }
+  // Every page shows what the ECU has now from the image that is read now.
+  if (result.words_written > 0) context_.document.RequestRefresh();
   if (result.outcome != Outcome::kLoaded) return;
-  models_.Vehicle() = VehicleOfNotes(result.file.notes);
-  // Every page shows it from the image that is read now.
-  context_.document.RequestRefresh();
+  const VehicleData vehicle = VehicleOfNotes(result.file.notes);
+  if (vehicle != VehicleData{}) models_.Vehicle() = vehicle;
   emit FileUsed(ToQString(PathText(file_)));
 }
 
@@ -199,8 +200,7 @@ void CTabFiles::CompareWithEcu() {
 
 void CTabFiles::CompareWithFile() {
   CFileDlg dialog(CFileDlg::Purpose::kOpen, tr("Compare %1 with").arg(NameOf(file_)),
-                  StorageRoot(working_folder_), std::string(kConfigurationExtension),
-                  context_.boxes, this);
+                  StorageRoot(working_folder_), std::string(kConfigurationExtension), this);
   dialog.SelectFolder(browser_->Folder());
   LoadedConfiguration first;
   LoadedConfiguration second;

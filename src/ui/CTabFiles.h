@@ -60,11 +60,12 @@ class CTabFiles final : public CEcuPage {
   QPlainTextEdit* notes_;
   CDifferenceTable* differences_;
   QStackedWidget* below_;  // the notes or the differences
-  QPushButton* store_;
-  QPushButton* load_;
-  QPushButton* compare_;
-  QPushButton* compare_files_;
+  QPushButton* store_ = nullptr;
+  QPushButton* load_ = nullptr;
+  QPushButton* compare_ = nullptr;
+  QPushButton* compare_files_ = nullptr;
   std::filesystem::path file_;
+  bool from_elsewhere_ = false;  // file_ is not one that the browser shows
   bool link_up_ = false;
 };
 

@@ -174,6 +174,8 @@ void CTabGrid::MakeCommands() {
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addAction(action);
   }
+  // The menu of the table is for its cells.
+  for (QAction* const action : {decrease, increase}) table_->removeAction(action);
   ecu_actions_ = {area, interpolate, smooth, equal, up, down, paste, centres, decrease, increase};
   commands_->addActions({undo_, redo_});
   commands_->addSeparator();

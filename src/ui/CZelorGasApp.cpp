@@ -10,6 +10,7 @@
 
 #include "app/CommandLine.h"
 #include "app/StartUp.h"
+#include "config/StoragePaths.h"
 #include "platform/PortList.h"
 #include "ui/CFirmwareUpdate.h"
 #include "ui/CMainFrame.h"
@@ -35,12 +36,6 @@ void EnlargeFont() {
   if (font.pointSizeF() >= kReadablePointSize) return;
   font.setPointSizeF(kReadablePointSize);
   QApplication::setFont(font);
-}
-
-std::filesystem::path WorkingFolder() {
-  std::error_code error;
-  // A folder that has been deleted has no name; paths below it are then tried as they stand.
-  return std::filesystem::current_path(error);
 }
 
 // The same style everywhere follows the palette in light and dark; an argument overrides it.

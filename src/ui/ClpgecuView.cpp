@@ -46,7 +46,9 @@ ClpgecuView::ClpgecuView(UiContext& context, QWidget* parent) : QWidget(parent),
   connect(&context_.control, &CEcuControl::StateChanged, this, &ClpgecuView::FollowControl);
   // A procedure may have written something that another page shows.
   connect(&context_.control, &CEcuControl::BusyChanged, this, [this](bool busy) {
-    if (!busy) ShowImage();
+    if (busy) return;
+    emit BecameIdle();
+    ShowImage();
   });
   context_.status.Box().SetReceiver(this);
 }
@@ -121,6 +123,8 @@ void ClpgecuView::ShowLinkState(CommStatus status) {
     if (status == CommStatus::kNotConnected || status == CommStatus::kPortBusy) strip->Clear();
   }
   emit LinkStateChanged();
+  // Live marks go with the link.
+  for (CPageFrame* const page : pages_) page->ShowLive();
 }
 
 void ClpgecuView::FollowControl() {

@@ -47,6 +47,8 @@ class ClpgecuView final : public QWidget {
   // The worker has read the whole configuration, or the live values; the models take them.
   void ImageRead();
   void LiveDataCame();
+  // A procedure has ended; the models take what it did before the pages show it.
+  void BecameIdle();
 
  protected:
   // The status sink's post box has something.

@@ -14,29 +14,32 @@ PageModels::PageModels(UiContext& context, ClpgecuView& view)
   connect(&view, &ClpgecuView::ImageRead, this, &PageModels::TakeImage);
   connect(&view, &ClpgecuView::LiveDataCame, this, &PageModels::TakeLive);
   connect(&context_.control, &CEcuControl::StateChanged, this, &PageModels::FollowControl);
-  connect(&context_.control, &CEcuControl::BusyChanged, this, &PageModels::FollowGrid);
+  connect(&view, &ClpgecuView::BecameIdle, this, &PageModels::FollowGrid);
   connect(&view, &ClpgecuView::LinkStateChanged, this, [this, &view] {
     if (view.LinkState() != CommStatus::kLinkUp) grid_.Live().Hide();
   });
   context_.control.SetIdentifiedHook([this] { ReadErrors(); });
 }
 
-// What the one ECU had stored is not to be taken for the next one's.
+// What belonged to the one ECU is not to be taken for the next one's.
 void PageModels::FollowControl() {
-  if (context_.control.CurrentState() != CEcuControl::State::kDisconnected) return;
+  const CEcuControl::State state = context_.control.CurrentState();
+  if (state == CEcuControl::State::kConnected) {
+    const auto serial = context_.control.Identity().serial;
+    if (!serial || serial != serial_) {
+      grid_.ForgetSteps();
+      vehicle_ = {};
+    }
+    serial_ = serial;
+  }
+  if (state != CEcuControl::State::kDisconnected) return;
   errors_.Sheet().clear();
   errors_known_ = false;
 }
 
-// A procedure may have loaded another grid into the ECU, or connected to another one.
+// A procedure may have loaded another grid into the ECU.
 void PageModels::FollowGrid() {
-  if (context_.control.Busy()) return;
-  if (context_.control.CurrentState() == CEcuControl::State::kConnected) {
-    const auto serial = context_.control.Identity().serial;
-    if (!serial || serial != grid_serial_) grid_.ForgetSteps();
-    grid_serial_ = serial;
-  }
-  if (image_read_) grid_.TakeImage(context_.document.Snapshot());
+  if (image_read_ && !context_.control.Busy()) grid_.TakeImage(context_.document.Snapshot());
 }
 
 PageModels::~PageModels() { context_.control.SetIdentifiedHook({}); }

@@ -54,7 +54,7 @@ class PageModels final : public QObject {
   VehicleData vehicle_;
   GridModel grid_;
   GridTrace trace_;
-  std::optional<std::uint32_t> grid_serial_;  // of the ECU whose undo steps they are
+  std::optional<std::uint32_t> serial_;  // of the ECU whose undo steps and vehicle they are
   bool image_read_ = false;
   Oscilloscope scope_;
   ErrorLog errors_;

@@ -6,7 +6,9 @@
 namespace zelorgas {
 
 ScopePoints PointsOf(const std::deque<double>& samples, double period, double span, int columns) {
-  const auto size = static_cast<qsizetype>(samples.size());
+  // What lies beyond the span is not seen.
+  const auto visible = static_cast<qsizetype>(span / period) + 1;
+  const auto size = std::min(static_cast<qsizetype>(samples.size()), visible);
   const double per_column = span / period / std::max(columns, 1);
   ScopePoints points;
   const auto add = [&points, period](qsizetype index, double value) {
@@ -19,11 +21,13 @@ ScopePoints PointsOf(const std::deque<double>& samples, double period, double sp
     for (qsizetype i = 0; i < size; ++i) add(i, samples[static_cast<std::size_t>(i)]);
     return points;
   }
-  for (double start = 0; start < static_cast<double>(size); start += per_column) {
+  const auto last_column = static_cast<int>(static_cast<double>(size) / per_column);
+  for (int column = 0; column <= last_column; ++column) {
+    const double start = column * per_column;
+    const double end = std::min(start + per_column, static_cast<double>(size));
     const auto first = samples.begin() + static_cast<std::ptrdiff_t>(start);
-    const auto last = samples.begin() + static_cast<std::ptrdiff_t>(std::min(
-                                            start + per_column, static_cast<double>(size)));
-    if (first == last) continue;
+    const auto last = samples.begin() + static_cast<std::ptrdiff_t>(end);
+    if (first >= last) continue;
     const auto [low, high] = std::minmax_element(first, last);
     const auto& [one, two] = std::minmax(low, high);
     add(one - samples.begin(), *one);

@@ -16,6 +16,7 @@ namespace {
 constexpr int kLast = static_cast<int>(kGridSize) - 1;
 constexpr double kShadow = 0.28;     // what the steepest slope away from the light takes
 constexpr double kEdgeShade = 0.35;  // of the lines between the cells
+constexpr double kApart = 1.25;      // of its width, what a label keeps to the next
 constexpr int kMostHeightMarks = 7;
 
 struct Axis {
@@ -130,6 +131,14 @@ class SurfacePainter {
     const QFontMetricsF metrics(painter_.font());
     QRectF room(0, 0, metrics.horizontalAdvance(text) + 2, metrics.height());
     room.moveCenter(centre);
+    // A label that would be cut off moves in.
+    const QRectF view = painter_.window();
+    room.moveLeft(std::max(std::min(room.left(), view.right() - room.width()), view.left()));
+    room.moveTop(std::max(std::min(room.top(), view.bottom() - room.height()), view.top()));
+    // Where the axes meet only one of two labels has room.
+    const auto covers = [&room](const QRectF& other) { return other.intersects(room); };
+    if (std::ranges::any_of(labels_, covers)) return;
+    labels_.push_back(room);
     painter_.drawText(room, Qt::AlignCenter | Qt::TextSingleLine, text);
   }
 
@@ -139,11 +148,11 @@ class SurfacePainter {
     // How far apart two labels have to be on this line so as not to touch.
     double widest = 0;
     for (const QString& label : axis.labels) {
-      widest = std::max(widest, metrics.horizontalAdvance(label) * 1.25);
+      widest = std::max(widest, metrics.horizontalAdvance(label));
     }
     const double across = std::max(std::abs(length.x()) / kLast, 0.01);
     const double along = std::max(std::abs(length.y()) / kLast, 0.01);
-    const double wanted = std::min(widest / across, metrics.height() / along);
+    const double wanted = std::min(kApart * widest / across, metrics.height() / along);
     const int step = std::clamp(static_cast<int>(std::ceil(wanted)), 1, kLast);
     const QPointF outward = Outward(axis);
     const double tick = metrics.height() / 3;
@@ -197,12 +206,13 @@ class SurfacePainter {
   const QPalette& palette_;
   const double far_x_;
   const double far_y_;
+  std::vector<QRectF> labels_;  // where some are already
 };
 
 }  // namespace
 
 QSizeF LabelMargin(const QFontMetricsF& metrics) {
-  return {metrics.horizontalAdvance("0.00 ") + metrics.height(), metrics.height() * 2.2};
+  return {metrics.horizontalAdvance("0.00 ") + metrics.height(), metrics.height() * 2.6};
 }
 
 void PaintSurface(QPainter& painter, const SurfaceProjection& projection,

@@ -1,32 +1,27 @@
 #include "ui/ThreadBoxes.h"
 
-#include <QMetaObject>
 #include <utility>
 
 #include "ui/Text.h"
 
 namespace zelorgas {
 
-ThreadBoxes::ThreadBoxes(QObject& ui, MessageBoxes& boxes,
+ThreadBoxes::ThreadBoxes(UiCalls& calls, MessageBoxes& boxes,
                          std::function<void(const QString&)> status)
-    : ui_(ui), boxes_(boxes), status_(std::move(status)) {}
+    : calls_(calls), boxes_(boxes), status_(std::move(status)) {}
 
 void ThreadBoxes::Inform(std::string_view text, MessageIcon icon) {
-  QMetaObject::invokeMethod(
-      &ui_, [&] { boxes_.Inform(text, icon); }, Qt::BlockingQueuedConnection);
+  calls_.Call([&] { boxes_.Inform(text, icon); });
 }
 
 bool ThreadBoxes::Ask(std::string_view text) {
   bool yes = false;
-  QMetaObject::invokeMethod(
-      &ui_, [&] { yes = boxes_.Ask(text); }, Qt::BlockingQueuedConnection);
+  calls_.Call([&] { yes = boxes_.Ask(text); });
   return yes;
 }
 
 void ThreadBoxes::Status(std::string_view text) {
-  QMetaObject::invokeMethod(
-      &ui_, [status = status_, shown = TranslatedMessage(text)] { status(shown); },
-      Qt::QueuedConnection);
+  calls_.Post([this, shown = TranslatedMessage(text)] { status_(shown); });
 }
 
 }  // namespace zelorgas

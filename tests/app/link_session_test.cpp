@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <memory>
+#include <thread>
 #include <utility>
 
 #include "app/CommWorker.h"
@@ -46,6 +48,26 @@ TEST(LinkSession, TheImageTakesOnlyWhatTheEcuHasTaken) {
     for (std::uint16_t reg = 300; reg < 303; ++reg) {
       EXPECT_EQ(session.Image().RegisterCopy(reg), works ? reg - 293 : 0);
     }
+  }
+}
+
+// In real time: under the virtual clock the limit of the wait for the worker would pass in no time.
+TEST(LinkSession, TheWorkerKeepsOutWhileItLasts) {
+  const std::unique_ptr<Clock> clock = MakeSteadyClock();
+  SimulatedEcu ecu(*clock);
+  SimulatedLine line(ecu, *clock, {.paced = false});
+  StatusRecorder status;
+  ClpgecuDoc document(SimulatedPort(line, *clock), *clock, status);
+  document.Image().software = {0, 39};
+  ASSERT_TRUE(document.StartWorker());
+  for (int turn = 0; turn < 30; ++turn) {
+    LinkSession session(document, Wait::kIdle);
+    const std::uint64_t before = line.RequestCount();
+    for (int i = 0; i < 5; ++i) {
+      std::this_thread::yield();
+      ASSERT_EQ(session.WriteRegister(300, 7), ModbusResult::kOk);
+    }
+    EXPECT_EQ(line.RequestCount(), before + 5);
   }
 }
 

@@ -106,7 +106,7 @@ TEST_F(Record, WhatCannotBeRecordedLeavesNoFile) {
       {{"record", file_}, 2, "record needs --seconds"},
       {{"record", file_, "--seconds", "641"}, 2, "a recording holds at most 640 seconds"},
       {{"record", file_ + "/x.osc", "--seconds", "1"}, 3, "there is no folder"},
-      {{"record", PathText(folder_.Path()), "--seconds", "1"}, 3, "is a folder"},
+      {{"record", PathText(folder_.Path()), "--seconds", "1"}, 2, "ends in .osc"},
   };
   for (const auto& c : cases) {
     const CliHarness::Outcome run = Run(c.words);

@@ -42,6 +42,8 @@ TEST(BlockTransfer, MovesEveryWordInNineteenRequestsUntilOneFails) {
   EXPECT_EQ(ReadBlock(link, StoreInto(block)), ModbusResult::kTimeOut);
   EXPECT_EQ(line.RequestCount(), 2 * 19U + 3U);
   EXPECT_EQ(ReadBlock(link, {}, [] { return false; }), ModbusResult::kLockTimeOut);
+  EXPECT_EQ(ReadBlock(link, {}), ModbusResult::kOk);
+  EXPECT_EQ(WriteBlock(link, pattern, {}), ModbusResult::kOk);
   for (std::size_t word = 0; word < kBlockWords; ++word) {
     ASSERT_EQ(block[word], word < 64 ? PatternOf(word) : 0xABCD) << word;
   }

@@ -29,7 +29,7 @@ TEST(FirmwareDownload, ProgramsAnImageWithItsBlankAndItsShortPieces) {
   };
   EXPECT_EQ(bench.Program(image, hooks), Outcome::kDone);
   EXPECT_TRUE(image.IsIn(bench.ecu));
-  EXPECT_EQ(bench.line.RequestCount(), 32U + 3 * 7) << "nothing is sent for the blank pieces";
+  EXPECT_EQ(bench.line.RequestCount(), 40U + 3 * 7) << "nothing is sent for the blank pieces";
   EXPECT_THAT(percents, ElementsAre(23, 47, 71, 95, 100));
   EXPECT_EQ(events, "copy");
   EXPECT_THAT(bench.boxes.statuses, ElementsAre("Erasing current firmware...",
@@ -46,7 +46,7 @@ TEST(FirmwareDownload, ErasesOnly) {
   EXPECT_EQ(bench.Erase(), Outcome::kDone);
   EXPECT_FALSE(bench.FlashMode());
   const std::uint64_t exchanges = bench.line.RequestCount();
-  EXPECT_EQ(exchanges, 3U + 1 + 3 + 3 + 3 + 4 + 16 + 1);
+  EXPECT_EQ(exchanges, 3U + 1 + 3 + 3 + 3 + 4 + 16 + 8 + 1);
   EXPECT_EQ(bench.boxes.said.back(), "note: Tha application has been erased successfuly!");
   EXPECT_THAT(bench.boxes.statuses, ElementsAre("Erasing...", "Idle"));
   EXPECT_EQ(bench.Erase(), Outcome::kDone);
@@ -86,7 +86,7 @@ const Hindrance kHindrances[] = {
     {.message = "note: Flash mode could not be switched off!\nPlease switch the power supply of "
                 "the ECU off and on.",
      .untouched = false,
-     .faulty = {60, 61, 62, 63, 64, 65}},
+     .faulty = {68, 69, 70, 71, 72, 73}},
 };
 
 TEST(FirmwareDownload, SaysWhatHinderedIt) {

@@ -17,8 +17,8 @@ class InterruptedUpdate : public testing::TestWithParam<Interruption> {};
 
 TEST_P(InterruptedUpdate, NeverSucceedsFalselyAndCompletesWhenRepeated) {
   const ImageFile image(Bootloader::MakeImage(16 * 256, 77));
-  // Preparation, flash mode, supply, block ends, two blocks, pages, flash mode.
-  constexpr std::uint64_t kExchanges = 3 + 1 + 3 + 8 + 16 + 16 * 7 + 1;
+  // Preparation, flash mode, supply, block ends, two blocks, both once more, pages, flash mode.
+  constexpr std::uint64_t kExchanges = 3 + 1 + 3 + 8 + 16 + 8 + 16 * 7 + 1;
   for (std::uint64_t exchange = 1; exchange <= kExchanges + 1; ++exchange) {
     UpdateBench bench;
     for (std::uint64_t i = 0; i < GetParam().exchanges; ++i) {
@@ -39,6 +39,20 @@ TEST_P(InterruptedUpdate, NeverSucceedsFalselyAndCompletesWhenRepeated) {
     EXPECT_TRUE(image.IsIn(bench.ecu)) << exchange;
     bench.ecu.LosePower();
     EXPECT_FALSE(bench.ecu.InBootloader()) << exchange;
+  }
+}
+
+TEST_P(InterruptedUpdate, ErasingNeverLeavesAnythingAndSaysItIsDone) {
+  constexpr std::uint64_t kExchanges = 3 + 1 + 3 + 3 + 3 + 4 + 16 + 8 + 1;
+  for (std::uint64_t exchange = 1; exchange <= kExchanges; ++exchange) {
+    UpdateBench bench;
+    for (std::uint64_t i = 0; i < GetParam().exchanges; ++i) {
+      bench.line.ArmFault(GetParam().fault, exchange + i);
+    }
+    const bool done = bench.Erase() == Outcome::kDone;
+    const auto blank = [](std::uint8_t byte) { return byte == 0xFF; };
+    EXPECT_TRUE(!done || std::ranges::all_of(bench.ecu.Flash(), blank)) << exchange;
+    EXPECT_FALSE(bench.line.Plugged() && bench.FlashMode()) << exchange;
   }
 }
 

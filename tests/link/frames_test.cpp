@@ -16,7 +16,10 @@ TEST(AsciiFrame, LongerThanTheBufferIsCutButStillChecked) {
   EXPECT_EQ(DecodeAsciiFrame(Bytes(":0B0302FFFFF2\r\n"), unit, length), ModbusResult::kOk);
   EXPECT_EQ(length, 3U);
   EXPECT_EQ(unit, (Unit{0x0B, 0x03, 0x02}));
-  EXPECT_EQ(DecodeAsciiFrame(Bytes(":0B0302FFFEF2\r\n"), unit, length), ModbusResult::kCrcError);
+  for (const char* bad : {":0B0302FFFEF2\r\n", ":0B0302FFFFF2x\n", ":0B0302FFFFF2\rx",
+                          ":0b0302ffffF2\r\n", ":0B0302FFFF0F2\r\n"}) {
+    EXPECT_EQ(DecodeAsciiFrame(Bytes(bad), unit, length), ModbusResult::kCrcError) << bad;
+  }
   EXPECT_EQ(DecodeAsciiFrame(Bytes(":00\r\n"), unit, length), ModbusResult::kOk);
   EXPECT_EQ(length, 0U);
 }

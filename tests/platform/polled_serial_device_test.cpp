@@ -1,8 +1,8 @@
-// The waiting half of a serial device, over a line on which things happen at given times: what the
-// transport, which has its own tests over the same line, does not use of it or cannot see.
+// The waiting half of a serial device, over a line on which things happen at given times.
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "platform/LineTiming.h"
 #include "platform/PolledSerialDevice.h"
@@ -12,6 +12,9 @@ namespace zelorgas {
 namespace {
 
 using std::chrono::milliseconds;
+
+constexpr LineAction::Kind kError = LineAction::Kind::kLineError;
+constexpr LineAction::Kind kUnplug = LineAction::Kind::kUnplug;
 
 struct Device {
   explicit Device(LineScript script) {
@@ -73,6 +76,30 @@ TEST(PolledDevice, TheIntervalStartsWithTheFirstByteAndASlowHookDoesNotEndIt) {
   EXPECT_EQ(device.Read(10), "bc");
 }
 
+TEST(PolledDevice, WaitForInputEndsWithTheBytesOrTheTime) {
+  Device device({At(3, "ab"), At(27, "c")});
+  EXPECT_TRUE(device.line.WaitForInput(2, milliseconds{10}));
+  EXPECT_FALSE(device.line.WaitForInput(3, milliseconds{10}));
+  EXPECT_DOUBLE_EQ(device.Ms(), 13);
+  EXPECT_TRUE(device.line.WaitForInput(3, milliseconds{100}));
+  EXPECT_DOUBLE_EQ(device.Ms(), 27);
+  const int looks = device.looks;
+  EXPECT_TRUE(device.line.WaitForInput(3, milliseconds{100}));
+  EXPECT_EQ(device.looks, looks) << "asked the line for bytes that were there";
+}
+
+TEST(PolledDevice, LineErrorStaysUntilClearedAndPurgeClearsIt) {
+  Device device({At(4, kError), At(30, kError)});
+  EXPECT_EQ(device.line.WaitForEvent(milliseconds{100}), LineEvent::kLineError);
+  EXPECT_DOUBLE_EQ(device.Ms(), 4);
+  EXPECT_EQ(device.line.WaitForEvent(milliseconds{1}), LineEvent::kLineError);
+  device.line.ClearError();
+  EXPECT_EQ(device.line.WaitForEvent(milliseconds{5}), LineEvent::kTimeout);
+  EXPECT_FALSE(device.line.WaitForInput(1, milliseconds{50}));
+  device.line.Purge(PurgeScope::kReceive);
+  EXPECT_EQ(device.line.WaitForEvent(milliseconds{5}), LineEvent::kTimeout);
+}
+
 TEST(PolledDevice, EventCharacterIsFoundAmongUnreadBytesOnly) {
   Device device({At(0, "a\nb"), At(20, "c\nd")});
   EXPECT_EQ(device.line.WaitForEvent(milliseconds{5}), LineEvent::kEventCharacter);
@@ -87,7 +114,7 @@ TEST(PolledDevice, EventCharacterIsFoundAmongUnreadBytesOnly) {
 }
 
 TEST(PolledDevice, UnpluggedLineGivesItsLastBytesAndThenFailsAtOnce) {
-  Device device({At(1, "a"), At(2, LineAction::Kind::kUnplug)});
+  Device device({At(1, "a"), At(2, kUnplug)});
   EXPECT_FALSE(device.line.WaitForInput(2, milliseconds{1000}));
   EXPECT_EQ(device.line.InputQueueLength(), 1U);
   EXPECT_EQ(device.Read(5), "a");
@@ -100,6 +127,19 @@ TEST(PolledDevice, UnpluggedLineGivesItsLastBytesAndThenFailsAtOnce) {
   EXPECT_FALSE(device.line.SetTimeouts({}));
   EXPECT_DOUBLE_EQ(device.Ms(), 2);
   EXPECT_EQ(device.looks, looks);
+}
+
+TEST(PolledDevice, SliceHookRunsEveryTenMillisecondsAlsoOnABusyLine) {
+  LineScript busy;
+  for (int ms = 1; ms < 60; ++ms) busy.push_back(At(ms, "x"));
+  Device device(busy);
+  std::vector<double> hook_ms;
+  device.line.SetSliceHook([&] { hook_ms.push_back(device.Ms()); });
+  EXPECT_FALSE(device.line.WaitForInput(100, milliseconds{35}));
+  EXPECT_EQ(device.line.WaitForEvent(milliseconds{20}), LineEvent::kTimeout);
+  ASSERT_TRUE(device.line.SetTimeouts({.read_total_constant = 15}));
+  EXPECT_EQ(device.Read(100).size(), 59U);
+  EXPECT_EQ(hook_ms, (std::vector<double>{10, 20, 30, 45, 55, 65}));
 }
 
 TEST(PolledDevice, EndlessNoiseIsALineErrorAndDoesNotFillTheMemory) {
@@ -121,6 +161,18 @@ TEST(LineTiming, AWriteMayTakeItsWireTimeAndTheTimeouts) {
   EXPECT_EQ(
       WriteLimit({.write_total_multiplier = 2, .write_total_constant = 30}, 10, milliseconds{5}),
       milliseconds{55});
+}
+
+TEST(LineTiming, CharacterHasStartDataParityAndStopBits) {
+  const std::pair<LineSettings, double> cases[] = {
+      {{.baud = 19200, .data_bits = 7, .parity = Parity::kEven}, 10},
+      {{.baud = 9600, .parity = Parity::kOdd, .stop_bits = StopBits::kTwo}, 12},
+      {{.baud = 300, .data_bits = 5, .stop_bits = StopBits::kOneAndHalf}, 7.5},
+  };
+  for (const auto& [settings, bits] : cases) {
+    const std::chrono::duration<double> time = CharacterTime(settings);
+    EXPECT_NEAR(time.count(), bits / settings.baud, 1e-9);
+  }
 }
 
 }  // namespace

@@ -4,9 +4,11 @@
 #include <QApplication>
 #include <memory>
 
-// ThreadSanitizer cannot see the locks of the toolkit's own library, which is not instrumented.
+// ThreadSanitizer cannot see the locks of the toolkit's own libraries, which are not instrumented.
 extern "C" const char* __tsan_default_suppressions();
-extern "C" const char* __tsan_default_suppressions() { return "called_from_lib:libQt6Core.so.6\n"; }
+extern "C" const char* __tsan_default_suppressions() {
+  return "called_from_lib:libQt6Core.so.6\ncalled_from_lib:libQt6Gui.so.6\n";
+}
 
 namespace {
 

@@ -178,6 +178,53 @@ TEST(GridPage, TheKeysOfTableEditorsChangeTheSelectionInOneStep) {
   EXPECT_FALSE(page.bench.Find<QWidget>("undo_button").isEnabled());
 }
 
+TEST(GridPage, CellsAreSelectedByKeyboardAndMouse) {
+  FastClock clock;
+  GridPage page(clock);
+  CGridTable& table = page.Table();
+  const auto selected = [&](TableCell first, TableCell last) {
+    return table.Selection().First() == first && table.Selection().Last() == last;
+  };
+  const auto beside = [&](TableCell cell, QPoint offset) {
+    return table.CellRect(cell).center() + offset;
+  };
+  page.Press(Qt::Key_Up);
+  page.Press(Qt::Key_Left, Qt::ShiftModifier);
+  EXPECT_TRUE(selected({0, 0}, {0, 0})) << "there is nothing beyond the edge";
+  page.Press(Qt::Key_End);
+  page.Press(Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_TRUE(selected({0, 11}, {11, 11}));
+  page.Press(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_TRUE(selected({0, 0}, {11, 11}));
+  QTest::mouseClick(&table, Qt::LeftButton, {}, beside({7, 5}, {}));
+  QTest::mouseClick(&table, Qt::LeftButton, Qt::ShiftModifier, beside({4, 6}, {}));
+  EXPECT_TRUE(selected({4, 5}, {7, 6}));
+  QTest::mouseClick(&table, Qt::RightButton, {}, beside({5, 6}, {}));
+  EXPECT_TRUE(selected({4, 5}, {7, 6})) << "the menu is for what is selected";
+  QTest::mouseClick(&table, Qt::LeftButton, {},
+                    beside({3, 0}, {-table.CellRect({3, 0}).right(), 0}));
+  EXPECT_TRUE(selected({3, 0}, {3, 11}));
+  QTest::mouseClick(&table, Qt::LeftButton, {},
+                    beside({0, 8}, {0, -table.CellRect({0, 8}).bottom()}));
+  EXPECT_TRUE(selected({0, 8}, {11, 8}));
+  QTest::mouseDClick(&table, Qt::LeftButton, {}, beside({2, 2}, {}));
+  EXPECT_EQ(page.bench.Find<QLineEdit>("grid_table_editor").selectedText(), "1.60");
+}
+
+TEST(GridPage, StepsOutliveAReconnectionToTheSameEcu) {
+  FastClock clock;
+  GridPage page(clock);
+  page.Enter("1.2");
+  page.bench.OpenTab("Start");
+  page.bench.Click("connect_button");
+  ASSERT_TRUE(page.bench.WaitForState(UiBench::kNotConnected));
+  ASSERT_TRUE(page.bench.Connect());
+  page.bench.OpenTab("Correction grid");
+  page.bench.Click("undo_button");
+  EXPECT_TRUE(page.Settle());
+  EXPECT_EQ(page.InEcu(0, 0), 160);
+}
+
 TEST(GridPage, ModifyAreaAsksAndRemembers) {
   FastClock clock;
   GridPage page(clock);
