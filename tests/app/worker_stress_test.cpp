@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 
 #include "app/EcuConnection.h"
 #include "app/LinkSession.h"
@@ -45,7 +46,7 @@ struct RunningProgram {
   MemorySettings settings;
   NoUpdate update;
   EcuConnection connection{document, boxes, settings, update};
-  int slices = 0;
+  std::atomic<int> slices{0};  // the hook runs on every waiting thread
 };
 
 TEST(WorkerStress, SessionsRefreshesAndPlugsWhileTheWorkerRuns) {
