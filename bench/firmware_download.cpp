@@ -14,6 +14,7 @@
 
 #include "EcuSimProcess.h"
 #include "firmware/FirmwareDownload.h"
+#include "firmware/LinkPreparation.h"
 #include "sim/SimulatedPort.h"
 #include "support/VirtualClock.h"
 
@@ -91,7 +92,9 @@ bool MeasureImage(const char* what, Line& line, std::size_t pages) {
   YesToAll boxes;
   FirmwareDownload download(line.document, boxes);
   FirmwareDownload::Outcome outcome = FirmwareDownload::Outcome::kFailed;
-  const double took = TimeMs(line.clock, [&] { outcome = download.Program(file, {}); });
+  EcuIdentity ecu;
+  if (!FindUpdateTarget(line.document, ecu).Ok()) throw std::runtime_error("no ECU");
+  const double took = TimeMs(line.clock, [&] { outcome = download.Program(file, ecu); });
   std::filesystem::remove(file);
   if (outcome != FirmwareDownload::Outcome::kDone) throw std::runtime_error(boxes.last);
   const double wire = static_cast<double>(pages) * kPageMs;

@@ -7,7 +7,14 @@ set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+# ZELORGAS_WINDOWS_QT: the folder with Qt and QCustomPlot that packaging/windows/build has made. Its
+# tools that run while building are the host's.
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ZELORGAS_WINDOWS_QT)
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${ZELORGAS_WINDOWS_QT})
+if(ZELORGAS_WINDOWS_QT)
+  set(CMAKE_PREFIX_PATH ${ZELORGAS_WINDOWS_QT})
+  set(QT_HOST_PATH /usr)
+endif()
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -10,7 +10,12 @@ cd "$ROOT" || exit
 export LC_ALL=C.UTF-8
 
 BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev libqcustomplot-dev)
-TEST_PACKAGES=("${BUILD_PACKAGES[@]}" libgtest-dev libgmock-dev)
+TEST_PACKAGES=("${BUILD_PACKAGES[@]}" libgtest-dev libgmock-dev
+  pkg-config libmodbus-dev python3)
+WINDOWS_PACKAGES=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix googletest qt6-base-dev
+  qt6-base-dev-tools libqcustomplot-dev dpkg-dev nsis)
+WINDOW_TEST_PACKAGES=(wine wine64 xvfb xdotool imagemagick)
+ICON_PACKAGES=(librsvg2-bin icoutils)
 
 CURRENT_STEP=start
 CLEANUPS=()
@@ -73,14 +78,19 @@ require_packages() {
     -o Dpkg::Use-Pty=0 "${missing[@]}" </dev/null
 }
 
-# build PRESET [TARGET...]: configures the preset, builds it or only the targets.
+# build PRESET [-DNAME=VALUE...] [TARGET...]: configures the preset with these variables, builds it or
+# only the targets.
 build() {
-  local preset=$1 log
+  local preset=$1 log options=()
   shift
+  while [[ ${1:-} == -D* ]]; do
+    options+=("$1")
+    shift
+  done
   log=build/configure-$preset.log
   mkdir -p build
   # What CMake found is worth reading only when it did not find everything.
-  cmake --preset "$preset" >"$log" 2>&1 || {
+  cmake --preset "$preset" "${options[@]}" >"$log" 2>&1 || {
     cat "$log" >&2
     return 1
   }

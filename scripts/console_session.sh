@@ -6,6 +6,9 @@
 source scripts/simulator.sh
 
 CLI=()
+SETTINGS_FOLDER=
+
+remove_settings() { rm -rf "$SETTINGS_FOLDER"; }
 
 # set_and_check NAME=VALUE...: writes parameters and reads them back in a run of its own.
 set_and_check() {
@@ -36,8 +39,9 @@ console_session() {
   step "start the simulated ECU"
   start_simulator "$programs/zelorgas-ecusim"
   # The person's own settings keep the port of the car.
-  XDG_CONFIG_HOME=$(mktemp -d)
-  export XDG_CONFIG_HOME
+  SETTINGS_FOLDER=$(mktemp -d)
+  at_exit remove_settings
+  export XDG_CONFIG_HOME=$SETTINGS_FOLDER
   CLI=("$programs/zelorgas-cli" --port "$SIMULATOR_PORT")
   echo "It serves $SIMULATOR_PORT at the pace of 19200 baud, in a process of its own."
 
@@ -51,12 +55,11 @@ console_session() {
   "${CLI[@]}" live --seconds 5
 
   step "read the configuration and store it"
-  "${CLI[@]}" read build/session.fob --notes "The simulated ECU"
+  "${CLI[@]}" read build/session.fob --notes "The simulated ECU" --yes
   echo "Its 583 words are in $ROOT/build/session.fob."
 
   step "end the session"
   stop_simulator
-  rm -r "$XDG_CONFIG_HOME"
   printf '\nAll of it worked. Next: "%s --help" (port "sim" needs no ECU), or ./test.\n' \
     "$programs/zelorgas-cli"
 }

@@ -25,14 +25,14 @@ std::optional<std::filesystem::path> BackUpConfiguration(ClpgecuDoc& document,
                                                          const std::filesystem::path& folder,
                                                          std::string_view notes,
                                                          std::string& problem) {
-  constexpr std::size_t kRoutingMap = 0;
   const ModbusResult result = ReadConfigurationIntoImage(document, {});
   if (result != ModbusResult::kOk) {
     problem = document.Link().ErrorText(result);
     return std::nullopt;
   }
   const std::filesystem::path file = NewBackupFile(folder);
-  if (!WriteConfigurationFile(file, document.Snapshot().block, kRoutingMap, notes, problem)) {
+  if (!WriteConfigurationFile(file, document.Snapshot().block, document.RoutingMap(), notes,
+                              problem)) {
     return std::nullopt;
   }
   return file;

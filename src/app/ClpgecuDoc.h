@@ -4,6 +4,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -68,6 +69,11 @@ class ClpgecuDoc {
   // Set from outside to end whatever waits for the document; the program's end.
   [[nodiscard]] Event& CloseEvent() { return close_; }
 
+  // Which of the two routing maps a stored file carries, and into which one a loaded file's goes.
+  // Used by the user-interface thread only, as all that stores and loads.
+  void SelectRoutingMap(std::size_t map) { routing_map_ = map; }
+  [[nodiscard]] std::size_t RoutingMap() const { return routing_map_; }
+
   // Polls the twelve extra channels too.
   void SetExtraChannels(bool on) { extra_channels_ = on; }
   [[nodiscard]] bool ExtraChannels() const { return extra_channels_; }
@@ -109,7 +115,9 @@ class ClpgecuDoc {
   std::atomic<bool> restart_marker_{false};
 
   LiveRecordQueue live_records_;
-  std::thread worker_;  // used by the user-interface thread only
+  // Used by the user-interface thread only.
+  std::size_t routing_map_ = 0;
+  std::thread worker_;
 };
 
 }  // namespace zelorgas

@@ -16,16 +16,18 @@ enum class CommStatus : std::uint8_t {
   kPortBusy,      // 1, 2: the port could not be opened
   kNotConnected,  // 1, 3: worker stopped
   kEcuRestarted,  // 2, 0
+  kAnotherEcu,    // 2, 1: not the one that was connected to; it is not polled, nor written to
 };
 
 [[nodiscard]] constexpr unsigned WParam(CommStatus status) {
   if (status <= CommStatus::kFullRead) return 0;
-  return status == CommStatus::kEcuRestarted ? 2 : 1;
+  return status >= CommStatus::kEcuRestarted ? 2 : 1;
 }
 [[nodiscard]] constexpr unsigned LParam(CommStatus status) {
   switch (status) {
     case CommStatus::kFullRead:
     case CommStatus::kLinkUp:
+    case CommStatus::kAnotherEcu:
       return 1;
     case CommStatus::kPortBusy:
       return 2;

@@ -41,8 +41,8 @@ bool CommWorker::RunRound() {
     Finish();
     return false;
   }
-  if (document_.pause_) {
-    document_.paused_ = true;
+  if (document_.pause_ || another_ecu_) {
+    document_.paused_ = document_.pause_.load();
     document_.clock_.Sleep(kPause);
     return true;
   }
@@ -75,12 +75,6 @@ bool CommWorker::ReopenLostPort() {
     return false;
   }
   document_.ClearRestartMarker();
-  EcuIdentity found;
-  found.software = document_.image_.software;
-  if (!ReadVersions(document_.link_, found).Ok()) return true;
-  const std::lock_guard guard(document_.image_lock_);
-  document_.image_.software = found.software;
-  document_.image_.hardware = found.hardware;
   return true;
 }
 
@@ -97,7 +91,7 @@ bool CommWorker::FullRead() {
   document_.refresh_.Reset();
   const bool complete = ReadEverything();
   if (!complete && asked) document_.RequestRefresh();
-  if (!complete) return true;
+  if (!complete) return !another_ecu_;
   if (!connected_) document_.Post(CommStatus::kLinkUp);
   document_.Post(CommStatus::kFullRead);
   connected_ = true;
@@ -115,11 +109,7 @@ bool CommWorker::ReadEverything() {
     std::ranges::copy(words, document_.image_.block.begin() + static_cast<std::ptrdiff_t>(offset));
   };
   if (ReadBlock(link, store, wanted) != ModbusResult::kOk || !wanted()) return false;
-  std::vector<std::uint16_t> status;
-  if (link.ReadInputRegisters(ECU_SLAVE_ADDRESS, kStatusFirstRegister, kStatusWords, status) !=
-      ModbusResult::kOk) {
-    return false;
-  }
+  if (ReadStatus() != Answer::kSame) return false;
   std::vector<std::uint8_t> coils;
   if (link.ReadCoils(ECU_SLAVE_ADDRESS, kFirstCoil,
                      static_cast<std::uint16_t>(CoilCount(document_.image_.software.minor)),
@@ -127,9 +117,28 @@ bool CommWorker::ReadEverything() {
     return false;
   }
   const std::lock_guard guard(document_.image_lock_);
-  std::ranges::copy(status, document_.image_.status_words.begin());
   document_.image_.coils.Store(coils);
   return true;
+}
+
+CommWorker::Answer CommWorker::ReadStatus() {
+  std::vector<std::uint16_t> status;
+  if (document_.link_.ReadInputRegisters(ECU_SLAVE_ADDRESS, kStatusFirstRegister, kStatusWords,
+                                         status) != ModbusResult::kOk) {
+    return Answer::kNone;
+  }
+  {
+    const std::lock_guard guard(document_.image_lock_);
+    EcuImage& image = document_.image_;
+    std::ranges::copy(status, image.status_words.begin());
+    if (!image.serial) image.serial = image.StatusSerial();
+    if (image.StatusSoftware() == image.software && image.StatusSerial() == image.serial) {
+      return Answer::kSame;
+    }
+  }
+  another_ecu_ = true;
+  document_.Post(CommStatus::kAnotherEcu);
+  return Answer::kAnother;
 }
 
 bool CommWorker::HeldOrPaused() const { return document_.hold_.IsSet() || document_.pause_; }
@@ -140,7 +149,11 @@ void CommWorker::Poll() {
   PollBlockA();
   if (HeldOrPaused() || !IsPolled(document_.image_.software)) return;
   if (PollBlockB()) {
-    if (PollBits()) CountGoodPoll();
+    if (!PollBits()) return;
+    // A cable that was moved to another car costs a poll at least.
+    const Answer answer = failures_ > 0 ? ReadStatus() : Answer::kSame;
+    if (answer == Answer::kSame) CountGoodPoll();
+    if (answer == Answer::kNone) CountFailedPoll();
   } else if (!document_.hold_.IsSet()) {
     CountFailedPoll();
   }
@@ -240,6 +253,8 @@ void CommWorker::CountFailedPoll() {
 void CommWorker::HandleRestartFlag() {
   const bool seen_before = document_.restart_marker_.exchange(true);
   if (document_.image_.coils.Coil(kRestartCoil) != 1) return;
+  // What one ECU held is never written into another one.
+  if (seen_before && ReadStatus() != Answer::kSame) return;
   const ModbusResult cleared = document_.link_.WriteSingleCoil(ECU_SLAVE_ADDRESS, kRestartCoil, 0);
   // Without a full read there is nothing that could be written back.
   if (cleared == ModbusResult::kOk && seen_before && connected_) {

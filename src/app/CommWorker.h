@@ -25,11 +25,15 @@ class CommWorker {
   void Finish();
   // Tries to open an unplugged port again. False while it is not back.
   bool ReopenLostPort();
-  // False when the round ends here: an ECU too new for this program is not polled.
+  // False when the round ends here: an ECU too new for this program is not polled, nor another one
+  // than was connected to.
   bool FullRead();
-  // Block, status words and coils into the image. False when one of them failed, or somebody wants
-  // the link.
+  // Block, status words and coils into the image. False when one of them failed, somebody wants the
+  // link, or another ECU answers.
   bool ReadEverything();
+  enum class Answer : std::uint8_t { kNone, kSame, kAnother };
+  // Reads the status words, among them which ECU it is that answers now.
+  Answer ReadStatus();
   void Poll();
   void PollFifo();
   void PollBlockA();
@@ -44,6 +48,7 @@ class CommWorker {
   bool connected_ = false;
   std::uint16_t fifo_pointer_ = 0;
   unsigned failures_ = 0;
+  bool another_ecu_ = false;  // and that was said
 };
 
 }  // namespace zelorgas

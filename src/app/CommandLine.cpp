@@ -1,5 +1,8 @@
 #include "app/CommandLine.h"
 
+#include <algorithm>
+#include <array>
+
 #include "platform/IgnoreCase.h"
 
 namespace zelorgas {
@@ -7,13 +10,14 @@ namespace {
 
 constexpr std::string_view kAdmin = "admin";
 constexpr std::string_view kDemo = "demo";
-constexpr std::string_view kFileExtension = ".fob";
-constexpr std::string_view kUsage = "\nUsage: zelorgas [admin] [demo] [FILE.fob]";
+constexpr std::array<std::string_view, 2> kFileExtensions = {".fob", ".osc"};
+constexpr std::string_view kUsage = "\nUsage: zelorgas [admin] [demo] [FILE.fob|FILE.osc]";
 
 bool IsDocument(std::string_view argument) {
-  return argument.size() > kFileExtension.size() &&
-         EqualIgnoringCase(argument.substr(argument.size() - kFileExtension.size()),
-                           kFileExtension);
+  return std::ranges::any_of(kFileExtensions, [argument](std::string_view extension) {
+    return argument.size() > extension.size() &&
+           EqualIgnoringCase(argument.substr(argument.size() - extension.size()), extension);
+  });
 }
 
 }  // namespace

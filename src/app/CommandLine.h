@@ -1,5 +1,5 @@
-// The window program's command line: zelorgas [admin] [demo] [FILE.fob]. Pure, safe from any
-// thread.
+// The window program's command line: zelorgas [admin] [demo] [FILE.fob|FILE.osc]. Pure, safe from
+// any thread.
 #pragma once
 
 #include <span>

@@ -21,7 +21,6 @@ constexpr std::string_view kReplaceQuestion =
 constexpr Version kOldestSupported{0, 36};
 constexpr Version kNewestSupported{0, 39};
 constexpr std::uint8_t kWithoutOffer = 39;  // minor versions below are offered an update
-constexpr std::uint16_t kStayInBootloaderCoil = 2;
 
 std::string RequiredVersionText(Version found) {
   std::array<char, 160> text{};
@@ -63,12 +62,13 @@ EcuConnection::Outcome EcuConnection::Identify(bool offer_update) {
   }
   if (const auto step = ReadVersions(link, found); !step.Ok()) return Fail(step);
   identity_ = found;
-  KeepVersions();
+  KeepIdentity();
   const Gate gate = CheckVersion(offer_update);
   if (gate.outcome != Outcome::kConnected) return gate.outcome;
   // The ECU may be another one than before the update that was offered.
   if (gate.identify_again) return Identify(/*offer_update=*/false);
   if (const auto step = ReadSerialNumber(link, identity_); !step.Ok()) return Fail(step);
+  KeepIdentity();
   if (const auto step = ReadBoardInformation(link, identity_); !step.Ok()) {
     return Fail(step);
   }
@@ -115,10 +115,11 @@ EcuConnection::Outcome EcuConnection::EnterBootloader() {
   return StartUpdate(true);
 }
 
-void EcuConnection::KeepVersions() {
+void EcuConnection::KeepIdentity() {
   document_.ImageLock();
   document_.Image().software = identity_.software;
   document_.Image().hardware = identity_.hardware;
+  document_.Image().serial = identity_.serial;
   document_.ImageUnlock();
 }
 

@@ -17,6 +17,9 @@
 
 namespace zelorgas {
 
+// On: the bootloader does not start the application by itself after a while.
+inline constexpr std::uint16_t kStayInBootloaderCoil = 2;
+
 inline constexpr std::string_view kPortBusy = "Sorry! The specified COM port is busy!";
 
 // What takes over when the ECU sits in its bootloader or the person wants newer firmware in it.
@@ -79,7 +82,8 @@ class EcuConnection {
   // The firmware versions that this program works with.
   Gate CheckVersion(bool offer_update);
   Outcome EnterBootloader();
-  void KeepVersions();
+  // Lets the document's image know whom it is connected to.
+  void KeepIdentity();
 
   ClpgecuDoc& document_;
   MessageBoxes& boxes_;

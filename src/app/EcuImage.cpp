@@ -38,6 +38,15 @@ OperatingMode EcuImage::Mode() const {
 bool EcuImage::ManifoldSensorFitted() const { return block[kManifoldSensorWord] != 0; }
 bool EcuImage::SecondLambdaFitted() const { return block[kSecondLambdaWord] != 0; }
 
+Version EcuImage::StatusSoftware() const {
+  return VersionOfRegister(status_words[kSoftwareVersionRegister - kStatusFirstRegister]);
+}
+
+std::uint32_t EcuImage::StatusSerial() const {
+  constexpr std::size_t kLowHalf = kSerialNumberRegister - kStatusFirstRegister;
+  return SerialOfRegisters(status_words[kLowHalf], status_words[kLowHalf + 1]);
+}
+
 std::uint16_t EcuImage::RegisterCopy(std::uint16_t reg) const {
   if (IsBlockRegister(reg)) return block[reg - kBlockFirstRegister];
   if (reg == kIdentificationRegister) {

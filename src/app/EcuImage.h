@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "app/Identification.h"
@@ -57,6 +58,8 @@ enum class Fuel : std::uint8_t { kPetrol, kGas };
 struct EcuImage {
   Version software;
   Version hardware;
+  // Of the connection. Until it is known, the first full read tells it.
+  std::optional<std::uint32_t> serial;
   ConfigurationBlock block{};
   std::array<std::uint16_t, 7> status_words{};
   CoilImage coils;
@@ -77,6 +80,10 @@ struct EcuImage {
   [[nodiscard]] std::uint16_t GasLevelPercent() const { return live_block_b[5]; }
   [[nodiscard]] bool ManifoldSensorFitted() const;  // MAP_INSTALLED
   [[nodiscard]] bool SecondLambdaFitted() const;    // L2_INSTALLED
+
+  // The software version and the serial number among the status words.
+  [[nodiscard]] Version StatusSoftware() const;
+  [[nodiscard]] std::uint32_t StatusSerial() const;
 
   // The word of a register as the program last saw it: the configuration block, and register 24,
   // the software version's bytes as they lie in memory (low byte major, high byte minor). 0

@@ -78,10 +78,6 @@ std::optional<Version> MakeVersion(std::uint32_t major, std::uint32_t minor) {
   return Version{static_cast<std::uint8_t>(major), static_cast<std::uint8_t>(minor)};
 }
 
-Version VersionOfRegister(std::uint16_t word) {
-  return {static_cast<std::uint8_t>(word >> 8U), static_cast<std::uint8_t>(word & 0xFFU)};
-}
-
 // From 0.12 on the ECU answers for its hardware version and serial number.
 bool KnowsHardwareAndSerial(Version software) { return software.major == 0 && software.minor > 11; }
 
@@ -164,7 +160,7 @@ IdentifyOutcome ReadSerialNumber(ModbusMaster& master, EcuIdentity& identity) {
   const ModbusResult result =
       master.ReadInputRegisters(ECU_SLAVE_ADDRESS, kSerialNumberRegister, 2, words);
   if (result != ModbusResult::kOk) return {result, kNoTargetInfo};
-  identity.serial = (static_cast<std::uint32_t>(words[1]) << 16U) | words[0];
+  identity.serial = SerialOfRegisters(words[0], words[1]);
   return {};
 }
 

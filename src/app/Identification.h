@@ -36,6 +36,15 @@ struct Version {
   friend auto operator<=>(const Version&, const Version&) = default;
 };
 
+// Of a register that holds it: high byte major, low byte minor.
+[[nodiscard]] constexpr Version VersionOfRegister(std::uint16_t word) {
+  return {static_cast<std::uint8_t>(word >> 8U), static_cast<std::uint8_t>(word & 0xFFU)};
+}
+// Of the two registers that hold it.
+[[nodiscard]] constexpr std::uint32_t SerialOfRegisters(std::uint16_t low, std::uint16_t high) {
+  return (static_cast<std::uint32_t>(high) << 16U) | low;
+}
+
 struct Revision {
   Version software;
   Version hardware;  // 0.0 where the revision text does not carry it

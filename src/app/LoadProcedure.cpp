@@ -8,6 +8,7 @@
 #include "app/LinkSession.h"
 #include "app/StoreProcedure.h"
 #include "config/BlockTransfer.h"
+#include "config/Utf8Text.h"
 #include "platform/FileSystem.h"
 
 namespace zelorgas {
@@ -53,8 +54,13 @@ LoadResult LoadProcedure::Run(const LoadRequest& request) {
     case Outcome::kLoaded:
       boxes_.Inform(kConfigurationLoaded, MessageIcon::kInformation);
       break;
+    case Outcome::kUnchecked:
+      boxes_.Inform(std::string(kConfigurationUnchecked) + ".", MessageIcon::kExclamation);
+      break;
     case Outcome::kNoFile:
     case Outcome::kDeclined:
+    case Outcome::kDamaged:
+    case Outcome::kNoBackup:
       break;
     default:
       boxes_.Inform(kConfigurationNotLoaded, MessageIcon::kError);
@@ -70,31 +76,34 @@ LoadProcedure::Outcome LoadProcedure::RunSteps(const LoadRequest& request) {
   if (!boxes_.Ask(kLoadQuestion)) return Outcome::kDeclined;
   if (Outcome refused{}; !AcceptFile(request, refused)) return refused;
   if (!ReadPresent()) return Outcome::kNotBegun;
-  if (!StoreBackup(request)) return Outcome::kDeclined;
+  if (!StoreBackup(request)) return Outcome::kNoBackup;
   const ConfigurationBlock block = result_.file.Over(present_);
   if (!Write(block)) {
-    boxes_.Status(std::to_string(result_.words_written) + " of " + std::to_string(kBlockWords) +
-                  " values have been written. What the ECU held before is stored in " +
-                  PathText(result_.backup));
+    std::string text = std::to_string(result_.words_written) + " of " +
+                       std::to_string(kBlockWords) + " values have been written.";
+    if (!result_.backup.empty()) {
+      text += " What the ECU held before is stored in " + PathText(result_.backup);
+    }
+    boxes_.Status(text);
     return Outcome::kUnfinished;
   }
-  return Check(block) ? Outcome::kLoaded : Outcome::kDifferent;
+  return Check(block);
 }
 
 bool LoadProcedure::AcceptFile(const LoadRequest& request, Outcome& outcome) {
   result_.file =
-      ReadConfigurationFile(request.file, document_.Snapshot().block, request.routing_map);
+      ReadConfigurationFile(request.file, document_.Snapshot().block, document_.RoutingMap());
   if (!result_.file.Usable()) {
     const std::vector<std::string>& faults = result_.file.faults;
-    std::string text = faults.front();
+    std::string text = Shortened(faults.front());
     if (faults.size() > 1) text += " (and " + std::to_string(faults.size() - 1) + " more)";
     boxes_.Status(text);
     outcome = Outcome::kBadFile;
     return false;
   }
   if (result_.file.damage.empty()) return true;
-  outcome = Outcome::kDeclined;
-  return boxes_.Ask("The file is damaged:\n" + result_.file.damage +
+  outcome = Outcome::kDamaged;
+  return boxes_.Ask("The file is damaged:\n" + Shortened(result_.file.damage) +
                     "\nOnly a part of the configuration may be in it. Do you want to load what is "
                     "left?");
 }
@@ -123,7 +132,7 @@ bool LoadProcedure::StoreBackup(const LoadRequest& request) {
   const std::string notes =
       "What the ECU held before " + PathText(request.file.filename()) + " was loaded into it";
   std::string problem;
-  if (WriteConfigurationFile(file, present_, request.routing_map, notes, problem)) {
+  if (WriteConfigurationFile(file, present_, document_.RoutingMap(), notes, problem)) {
     result_.backup = file;
     return true;
   }
@@ -152,22 +161,21 @@ bool LoadProcedure::Write(const ConfigurationBlock& block) {
   });
 }
 
-bool LoadProcedure::Check(const ConfigurationBlock& block) {
+LoadProcedure::Outcome LoadProcedure::Check(const ConfigurationBlock& block) {
   ConfigurationBlock held{};
-  result_.checked =
-      Persist([&] { return ReadWholeBlock(document_, TransferStage::kChecking, progress_, held); },
-              [] {
-                return std::string(
-                    "The configuration has been written, but could not be read back and compared");
-              });
-  if (!result_.checked) return true;
+  const auto read = [&] {
+    return ReadWholeBlock(document_, TransferStage::kChecking, progress_, held);
+  };
+  if (!Persist(read, [] { return std::string(kConfigurationUnchecked); })) {
+    return Outcome::kUnchecked;
+  }
   result_.differences = CompareBlocks(block, held);
-  if (result_.differences.empty()) return true;
+  if (result_.differences.empty()) return Outcome::kLoaded;
   PutIntoImage(document_, held);
   boxes_.Inform("The ECU has not taken everything that was written:\n" +
                     ListOfDifferences(result_.differences),
                 MessageIcon::kExclamation);
-  return false;
+  return Outcome::kDifferent;
 }
 
 std::string ListOfDifferences(const std::vector<BlockDifference>& differences) {

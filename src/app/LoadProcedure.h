@@ -28,6 +28,8 @@ inline constexpr std::string_view kConfigurationLoaded =
     "The configuration data have been loaded successfully!";
 inline constexpr std::string_view kConfigurationNotLoaded =
     "An error has occured while trying to load configuration data!";
+inline constexpr std::string_view kConfigurationUnchecked =
+    "The configuration has been written, but could not be read back and compared";
 
 enum class TransferStage : std::uint8_t { kReading, kWriting, kChecking };
 
@@ -40,7 +42,6 @@ ModbusResult ReadConfigurationIntoImage(ClpgecuDoc& document, const TransferProg
 struct LoadRequest {
   std::filesystem::path file;
   std::filesystem::path backup_folder;  // as BackupFolder gives it
-  std::size_t routing_map = 0;          // into which the file's map goes
 };
 
 struct LoadResult {
@@ -49,8 +50,11 @@ struct LoadResult {
     kNoFile,      // the request names none
     kDeclined,    // by the person; ECU and image are as they were
     kBadFile,     // likewise; `file` says what is wrong with it
+    kDamaged,     // likewise; what is left in the damaged file is not wanted
     kNotBegun,    // likewise; the ECU's present configuration could not be read
+    kNoBackup,    // likewise; it could not be stored, and without that nothing is to be written
     kUnfinished,  // `words_written` words are in the ECU and in the image
+    kUnchecked,   // all is written, and nothing is known of what the ECU has made of it
     kDifferent,   // all is written, and the ECU holds something else, which the image has too
   };
 
@@ -58,7 +62,6 @@ struct LoadResult {
   LoadedConfiguration file;
   std::filesystem::path backup;  // of what the ECU held; empty when there is none
   std::size_t words_written = 0;
-  bool checked = false;                      // what was written has been read back
   std::vector<BlockDifference> differences;  // first: written, second: held by the ECU
   ModbusResult link_result = ModbusResult::kOk;
 };
@@ -81,8 +84,8 @@ class LoadProcedure {
   [[nodiscard]] bool ReadPresent();
   [[nodiscard]] bool StoreBackup(const LoadRequest& request);
   [[nodiscard]] bool Write(const ConfigurationBlock& block);
-  // False when the ECU holds something else than `block`.
-  [[nodiscard]] bool Check(const ConfigurationBlock& block);
+  // Reads back what was written, which is `block`.
+  [[nodiscard]] Outcome Check(const ConfigurationBlock& block);
   // Runs `attempt` until it succeeds or the person gives up; `problem` gives the words of a failure
   // that `link_result` belongs to.
   [[nodiscard]] bool Persist(const std::function<ModbusResult()>& attempt,

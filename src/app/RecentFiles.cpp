@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/FileSystem.h"
 #include "platform/IgnoreCase.h"
 
 namespace zelorgas {
@@ -14,15 +15,12 @@ namespace fs = std::filesystem;
 constexpr std::string_view kSection = "Recent File List";
 constexpr bool kPathsIgnoreCase = fs::path::preferred_separator == '\\';
 
-fs::path FromUtf8(std::string_view text) { return std::u8string(text.begin(), text.end()); }
-
 // Absolute, without "." and "..".
 std::string WholePath(std::string_view file) {
   std::error_code error;
-  const fs::path whole = fs::absolute(FromUtf8(file), error);
+  const fs::path whole = fs::absolute(PathFromText(file), error);
   if (error) return std::string(file);
-  const std::u8string text = whole.lexically_normal().u8string();
-  return {text.begin(), text.end()};
+  return PathText(whole.lexically_normal());
 }
 
 bool SamePath(std::string_view a, std::string_view b) {
@@ -58,7 +56,7 @@ void RecentFiles::Remove(std::string_view file) {
 void RecentFiles::RemoveMissing() {
   std::erase_if(files_, [](const std::string& file) {
     std::error_code error;
-    return fs::status(FromUtf8(file), error).type() == fs::file_type::not_found;
+    return fs::status(PathFromText(file), error).type() == fs::file_type::not_found;
   });
   Store();
 }

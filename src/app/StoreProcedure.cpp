@@ -21,6 +21,9 @@ StoreDialogTexts TextsOfStoreDialog(StoreTarget target) {
     case StoreTarget::kUnnamed:
       return {"Current configuration data will be stored in file!", "", "File Name", "Notes",
               "Please, add notes"};
+    case StoreTarget::kSuggested:
+      return {"Current configuration data will be stored in a new file,\nplease add notes!", "",
+              "File Name", "Notes", "Please, add notes"};
     case StoreTarget::kNew:
       return {"Current configuration data will be stored in", "a new file, please add notes!",
               "File Name", "Notes", "Please, add notes"};
@@ -48,7 +51,7 @@ StoreOutcome StoreConfiguration(ClpgecuDoc& document, MessageBoxes& boxes,
   }
   if (!boxes.Ask(QuestionFor(request))) return StoreOutcome::kDeclined;
   std::string problem;
-  if (!WriteConfigurationFile(request.file, document.Snapshot().block, request.routing_map,
+  if (!WriteConfigurationFile(request.file, document.Snapshot().block, document.RoutingMap(),
                               request.notes, problem)) {
     boxes.Status(problem);
     boxes.Inform(kConfigurationNotStored, MessageIcon::kError);

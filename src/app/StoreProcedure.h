@@ -3,7 +3,6 @@
 // line's only one.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -31,10 +30,11 @@ inline constexpr std::string_view kSelectFileFirst =
 
 // What the store dialog is about to do.
 enum class StoreTarget : std::uint8_t {
-  kNone,      // no file is wanted
-  kUnnamed,   // a file, whose name is still to come
-  kNew,       // a file that does not exist
-  kExisting,  // a file that is going to be written over
+  kNone,       // no file is wanted
+  kUnnamed,    // a file, whose name is still to come
+  kSuggested,  // a new file under the name that the program has made
+  kNew,        // a file that does not exist
+  kExisting,   // a file that is going to be written over
 };
 // The dialog's words; views of constant texts. `detail` stands below `heading` and may be empty.
 struct StoreDialogTexts {
@@ -45,20 +45,19 @@ struct StoreDialogTexts {
   std::string_view notes_hint;
 };
 [[nodiscard]] StoreDialogTexts TextsOfStoreDialog(StoreTarget target);
-// `file` as StorageFile gives it, or empty.
+// kUnnamed, kNew or kExisting. `file` as StorageFile gives it, or empty.
 [[nodiscard]] StoreTarget StoreTargetOf(const std::filesystem::path& file);
 
 struct StoreRequest {
-  std::filesystem::path file;   // from StorageFile when a person typed the name
-  std::string notes;            // UTF-8
-  std::size_t routing_map = 0;  // that the file carries
+  std::filesystem::path file;  // from StorageFile when a person typed the name
+  std::string notes;           // UTF-8
 };
 
 enum class StoreOutcome : std::uint8_t {
   kStored,
   kNoFile,    // the request names none
   kDeclined,  // by the person; nothing was written
-  kFailed,    // what was at the path is still there
+  kFailed,    // the status line says why, and whether what was at the path is still there
 };
 
 // Asks, stores the image's block, and says what became of it; the reason of a failure goes to the

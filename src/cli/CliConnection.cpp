@@ -7,8 +7,10 @@ FirmwareUpdate::End FirmwareAdvice::Start(bool in_bootloader) {
     boxes_.Inform("The ECU is in its bootloader and stays there until it gets its firmware.",
                   MessageIcon::kInformation);
   }
-  boxes_.Inform("This command does not replace firmware: use the firmware update of ZelorGAS.",
-                MessageIcon::kInformation);
+  boxes_.Inform(
+      "This command does not replace firmware: zelorgas-cli flash does, and the firmware update of "
+      "ZelorGAS.",
+      MessageIcon::kInformation);
   return End::kUntouched;
 }
 

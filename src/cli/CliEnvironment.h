@@ -24,10 +24,10 @@ struct CliEnvironment {
   SerialOpener simulated_ecu;  // opens the port "sim"
   std::function<std::vector<SerialPortInfo>()> list_ports;
   SettingsStore& settings;
-  // From the call on, an interrupt from the keyboard sets `interrupted` instead of ending the
-  // program; a second one ends it all the same.
-  std::function<void()> catch_interrupts;
-  std::atomic<bool>& interrupted;
+  // From the call on, the first `count` interrupts from the keyboard are counted in `interrupted`
+  // instead of ending the program; the next one ends it all the same.
+  std::function<void(unsigned count)> catch_interrupts;
+  std::atomic<unsigned>& interrupted;
   bool err_is_terminal = false;  // a line on `err` can be drawn over
 };
 

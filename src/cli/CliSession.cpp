@@ -8,6 +8,7 @@
 #include "app/PortListModel.h"
 #include "app/Settings.h"
 #include "cli/Text.h"
+#include "config/Utf8Text.h"
 
 namespace zelorgas {
 namespace {
@@ -109,7 +110,7 @@ void CliSession::Print(std::string_view line) { environment_.out << line << '\n'
 void CliSession::Print(const JsonWriter& document) { Print(document.Text()); }
 
 void CliSession::Message(std::string_view text) {
-  environment_.err << kProgram << EscapeControls(text, "\n") << '\n';
+  environment_.err << kProgram << EscapeControls(Shortened(text), "\n") << '\n';
 }
 
 ExitStatus CliSession::UsageError(std::string_view text) {

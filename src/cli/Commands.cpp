@@ -63,8 +63,10 @@ constexpr auto kCommands = std::to_array<Command>({
      kFirmwareOptions},
     {"flash", "flash IMAGE.ebi [--yes]",
      "replaces the ECU's firmware by the image; asks first, without a terminal it needs --yes.\n"
-     "Do not switch the ignition off before it is done. Ctrl+C stops it as long as nothing is\n"
-     "erased. --attempts counts from 3 up",
+     "Stores what the ECU holds in storage/backup before. Do not switch the ignition off before "
+     "it\n"
+     "is done. Ctrl+C stops it as long as nothing is erased, and later when pressed twice.\n"
+     "--attempts counts from 3 up",
      RunFlash, kFirmwareOptions},
     {"modbus",
      "modbus coils|inputs|holding|input START COUNT\n"

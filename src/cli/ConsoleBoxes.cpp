@@ -41,4 +41,18 @@ bool ConsoleBoxes::Ask(std::string_view text) {
   return IsOneOf(kYes, answer);
 }
 
+ExitStatus CheckCanAsk(CliSession& session, std::string_view why_asked) {
+  if (session.Option("--yes") || session.Environment().in_is_terminal) return ExitStatus::kDone;
+  return session.UsageError(std::string(why_asked) +
+                            "without a terminal to ask on, --yes is needed");
+}
+
+ExitStatus Confirm(CliSession& session, std::string_view question, std::string_view why_asked) {
+  if (const ExitStatus status = CheckCanAsk(session, why_asked); status != ExitStatus::kDone) {
+    return status;
+  }
+  const bool agreed = session.Option("--yes") || ConsoleBoxes(session).Ask(question);
+  return agreed ? ExitStatus::kDone : ExitStatus::kRefused;
+}
+
 }  // namespace zelorgas

@@ -21,4 +21,12 @@ class ConsoleBoxes final : public MessageBoxes {
   CliSession& session_;
 };
 
+// For commands whose questions --yes answers beforehand. kDone when it does, or when there is a
+// person to ask; otherwise kWrongUsage after a message, which begins with `why_asked` where the
+// command does not always ask.
+ExitStatus CheckCanAsk(CliSession& session, std::string_view why_asked = {});
+// Asks such a question: kDone when --yes or the person agrees, kRefused when the person does not,
+// kWrongUsage as above.
+ExitStatus Confirm(CliSession& session, std::string_view question, std::string_view why_asked = {});
+
 }  // namespace zelorgas

@@ -36,25 +36,22 @@ class ErrorSession {
   ErrorLog log_{session_.Document(), boxes_};
 };
 
-// kDone when the person agrees; without a person --yes does.
-ExitStatus Confirm(CliSession& session, std::string_view question) {
-  if (session.Option("--yes")) return ExitStatus::kDone;
-  if (!session.Environment().in_is_terminal) {
-    return session.UsageError("without a terminal to ask on, --yes is needed");
-  }
-  return ConsoleBoxes(session).Ask(question) ? ExitStatus::kDone : ExitStatus::kRefused;
-}
-
 std::string_view NameOf(ErrorBank bank, std::uint16_t code) {
   return ErrorText(FindErrorDefinition(bank, code)->name);
 }
 
-void PrintJson(CliSession& session, ErrorSheet& sheet) {
+// A bank that could not be read is null.
+void PrintJson(CliSession& session, ErrorLog& log) {
   JsonWriter document;
   document.BeginObject();
   for (const auto& [name, bank] : kBanks) {
-    document.Key(name).BeginArray();
-    for (const ErrorPage::Entry& entry : sheet.Page(bank).Entries()) {
+    document.Key(name);
+    if (!log.Known(bank)) {
+      document.Null();
+      continue;
+    }
+    document.BeginArray();
+    for (const ErrorPage::Entry& entry : log.Sheet().Page(bank).Entries()) {
       document.BeginObject().Key("code").Number(entry.Code());
       document.Key("count").Number(entry.count);
       document.Key("name").String(NameOf(bank, entry.Code())).EndObject();
@@ -64,10 +61,10 @@ void PrintJson(CliSession& session, ErrorSheet& sheet) {
   session.Print(document.EndObject());
 }
 
-void PrintText(CliSession& session, ErrorSheet& sheet) {
-  bool none = true;
+void PrintText(CliSession& session, ErrorLog& log) {
+  bool none = log.Known(ErrorBank::kTemporary) && log.Known(ErrorBank::kPermanent);
   for (const auto& [name, bank] : kBanks) {
-    for (const ErrorPage::Entry& entry : sheet.Page(bank).Entries()) {
+    for (const ErrorPage::Entry& entry : log.Sheet().Page(bank).Entries()) {
       session.Print(std::string(name) + " " + std::to_string(entry.Code()) + " " + entry.text);
       none = false;
     }
@@ -81,9 +78,17 @@ ExitStatus RunErrors(CliSession& session, std::span<const std::string> arguments
   if (!arguments.empty()) return session.UsageError("errors takes no arguments");
   ErrorSession ecu(session);
   if (const ExitStatus status = ecu.Connect(); status != ExitStatus::kDone) return status;
-  if (ecu.Log().ReadErrors() != ModbusResult::kOk) return ExitStatus::kRefused;
-  session.Json() ? PrintJson(session, ecu.Log().Sheet()) : PrintText(session, ecu.Log().Sheet());
-  return ExitStatus::kDone;
+  ErrorLog& log = ecu.Log();
+  const ModbusResult result = log.ReadErrors();
+  bool nothing = true;
+  for (const auto& [name, bank] : kBanks) {
+    nothing &= !log.Known(bank);
+    if (!log.Known(bank)) {
+      session.Message("the " + std::string(name) + " errors could not be read");
+    }
+  }
+  if (!nothing) session.Json() ? PrintJson(session, log) : PrintText(session, log);
+  return result == ModbusResult::kOk ? ExitStatus::kDone : ExitStatus::kRefused;
 }
 
 ExitStatus RunClearError(CliSession& session, std::span<const std::string> arguments) {

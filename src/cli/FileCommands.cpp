@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -9,7 +8,9 @@
 #include "app/StoreProcedure.h"
 #include "cli/CliConnection.h"
 #include "cli/Commands.h"
+#include "cli/ConsoleBoxes.h"
 #include "cli/RecordCommands.h"
+#include "cli/Text.h"
 #include "config/BlockComparison.h"
 #include "config/StoragePaths.h"
 #include "platform/FileSystem.h"
@@ -45,10 +46,6 @@ bool ReadIsAnswered(std::string_view question, bool yes) {
 
 bool WriteIsAnswered(std::string_view question, bool yes) {
   return yes && question == kLoadQuestion;
-}
-
-bool CanAsk(CliSession& session) {
-  return session.Option("--yes") || session.Environment().in_is_terminal;
 }
 
 ExitStatus Connect(CliSession& session, CliConnection& connection) {
@@ -155,7 +152,8 @@ void PrintText(CliSession& session, const LoadedConfiguration& file) {
     }
     session.Print(line);
   }
-  if (!file.notes.empty()) session.Print("Notes: " + file.notes);
+  // They may be a stranger's: a terminal obeys control characters.
+  if (!file.notes.empty()) session.Print("Notes: " + EscapeControls(file.notes, "\r\n\t"));
 }
 
 ExitStatus ShowConfiguration(CliSession& session, const std::string& name) {
@@ -173,8 +171,14 @@ void AppendDifferences(JsonWriter& document, std::span<const BlockDifference> di
     if (difference.cell->index != BlockCell::kNoIndex) {
       document.Key("index").Number(static_cast<std::uint32_t>(difference.cell->index));
     }
-    const auto side = [&](std::string_view key, std::uint16_t raw, const std::string& text) {
-      document.Key(key).BeginObject().Key("raw").Number(raw).Key("text").String(text).EndObject();
+    const auto side = [&](std::string_view key, std::optional<std::uint16_t> raw,
+                          const std::string& text) {
+      document.Key(key);
+      if (!raw) {
+        document.Null();
+      } else {
+        document.BeginObject().Key("raw").Number(*raw).Key("text").String(text).EndObject();
+      }
     };
     side("first", difference.first_raw, difference.first_text);
     side("second", difference.second_raw, difference.second_text);
@@ -203,6 +207,8 @@ ExitStatus StatusOf(LoadResult::Outcome outcome) {
       return ExitStatus::kDone;
     case LoadResult::Outcome::kNoFile:
     case LoadResult::Outcome::kBadFile:
+    case LoadResult::Outcome::kDamaged:
+    case LoadResult::Outcome::kNoBackup:
       return ExitStatus::kFileFailure;
     default:
       return ExitStatus::kRefused;
@@ -214,10 +220,9 @@ ExitStatus StatusOf(LoadResult::Outcome outcome) {
 ExitStatus RunRead(CliSession& session, std::span<const std::string> arguments) {
   if (arguments.size() != 1) return session.UsageError("read needs the file to store in");
   const std::filesystem::path path = PathFromText(arguments.front());
-  const bool exists = StoreTargetOf(path) == StoreTarget::kExisting;
-  if (exists && !CanAsk(session)) {
-    return session.UsageError(arguments.front() +
-                              " exists; without a terminal to ask on, --yes is needed");
+  if (StoreTargetOf(path) == StoreTarget::kExisting) {
+    const ExitStatus status = CheckCanAsk(session, arguments.front() + " exists; ");
+    if (status != ExitStatus::kDone) return status;
   }
   CliConnection connection(session);
   if (const ExitStatus status = Connect(session, connection); status != ExitStatus::kDone) {
@@ -247,35 +252,39 @@ ExitStatus RunRead(CliSession& session, std::span<const std::string> arguments) 
 
 ExitStatus RunWrite(CliSession& session, std::span<const std::string> arguments) {
   if (arguments.size() != 1) return session.UsageError("write needs the file to load");
-  if (!CanAsk(session)) {
-    return session.UsageError("without a terminal to ask on, --yes is needed");
-  }
+  if (const ExitStatus status = CheckCanAsk(session); status != ExitStatus::kDone) return status;
   // A file that cannot be loaded is no reason to look for an ECU.
   const std::string& name = arguments.front();
-  if (!ReadFile(session, name).Usable()) return ExitStatus::kFileFailure;
+  const LoadedConfiguration file = ReadFile(session, name);
+  if (!file.Usable()) return ExitStatus::kFileFailure;
+  if (!file.damage.empty() && !session.Environment().in_is_terminal) {
+    session.Message(name + " is damaged; there is no terminal to ask on whether to load the rest");
+    return ExitStatus::kFileFailure;
+  }
   CliConnection connection(session);
   if (const ExitStatus status = Connect(session, connection); status != ExitStatus::kDone) {
     return status;
   }
   AnsweredBoxes boxes(session, WriteIsAnswered);
-  std::error_code error;
-  const std::filesystem::path working_folder = std::filesystem::current_path(error);
   const LoadResult result =
       LoadProcedure(session.Document(), boxes)
-          .Run({.file = PathFromText(name), .backup_folder = BackupFolder(working_folder)});
+          .Run({.file = PathFromText(name), .backup_folder = BackupFolder(WorkingFolder())});
   const ExitStatus status = StatusOf(result.outcome);
   if (status == ExitStatus::kFileFailure) return status;
   if (session.Json()) {
     JsonWriter document;
     document.BeginObject().Key("file").String(name);
     document.Key("written").Number(static_cast<std::uint32_t>(result.words_written));
-    document.Key("checked").Bool(result.checked);
+    document.Key("checked").Bool(result.outcome == LoadResult::Outcome::kLoaded ||
+                                 result.outcome == LoadResult::Outcome::kDifferent);
     document.Key("backup").String(PathText(result.backup));
     AppendDifferences(document, result.differences);
     session.Print(document.EndObject());
   } else if (status == ExitStatus::kDone) {
     session.Print("loaded: " + name);
-    session.Print("what the ECU held before: " + PathText(result.backup));
+    if (!result.backup.empty()) {
+      session.Print("what the ECU held before: " + PathText(result.backup));
+    }
   }
   return status;
 }

@@ -1,14 +1,17 @@
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cstdio>
+#include <optional>
 #include <utility>
 
+#include "app/BackupProcedure.h"
 #include "cli/Commands.h"
 #include "cli/ConsoleBoxes.h"
 #include "cli/Text.h"
+#include "config/StoragePaths.h"
 #include "firmware/FirmwareDownload.h"
 #include "firmware/LinkPreparation.h"
+#include "platform/FileSystem.h"
 #include "platform/StandardStreams.h"
 
 namespace zelorgas {
@@ -20,8 +23,11 @@ constexpr std::string_view kAfterwards =
     "Switch the ignition off and on: the ECU then starts its new firmware.";
 constexpr std::string_view kRepeat =
     "The ECU may be without firmware now. It waits in its bootloader: run the command again.";
+constexpr std::string_view kStopping = "stopping";
 constexpr std::string_view kGoesOn =
-    "the update goes on: to stop now would leave the ECU without firmware";
+    "the update goes on: to stop now would leave the ECU without firmware; Ctrl+C once more stops "
+    "it all the same";
+constexpr unsigned kInterrupts = 2;  // both are answered
 
 // "2:05", for what is left of a download.
 std::string MinutesAndSeconds(std::chrono::seconds time) {
@@ -77,45 +83,55 @@ class ProgressLines {
 class UpdateBoxes final : public MessageBoxes {
  public:
   UpdateBoxes(CliSession& session, ProgressLines& progress)
-      : console_(session), progress_(progress), yes_(session.Option("--yes").has_value()) {}
+      : session_(session),
+        console_(session),
+        progress_(progress),
+        yes_(session.Option("--yes").has_value()) {}
 
   void Inform(std::string_view text, MessageIcon icon) override {
     progress_.End();
     console_.Inform(text, icon);
   }
-  bool Ask(std::string_view text) override { return yes_ || console_.Ask(text); }
+  bool Ask(std::string_view text) override {
+    if (!yes_ && !console_.Ask(text)) return false;
+    // While a question stands there, Ctrl+C ends the program as it does anywhere.
+    if (!std::exchange(begun_, true)) session_.Environment().catch_interrupts(kInterrupts);
+    return true;
+  }
   void Status(std::string_view text) override {
     progress_.End();
     console_.Status(text);
   }
 
  private:
+  CliSession& session_;
   ConsoleBoxes console_;
   ProgressLines& progress_;
   const bool yes_;
+  bool begun_ = false;
 };
 
 // One update, from who is there to what became of it.
 class Update {
  public:
-  explicit Update(CliSession& session) : session_(session) {}
+  explicit Update(CliSession& session) : session_(session) {
+    session_.Document().SetSliceHook([this] { AnswerInterrupt(); });
+  }
+  ~Update() { session_.Document().SetSliceHook({}); }
+  Update(const Update&) = delete;
+  Update& operator=(const Update&) = delete;
 
   // Without a person to ask, --yes is needed.
   ExitStatus Begin() {
-    CliEnvironment& environment = session_.Environment();
-    if (!session_.Option("--yes") && !environment.in_is_terminal) {
-      return session_.UsageError("without a terminal to ask on, --yes is needed");
-    }
+    if (const ExitStatus status = CheckCanAsk(session_); status != ExitStatus::kDone) return status;
     if (const ExitStatus status = session_.OpenLink(); status != ExitStatus::kDone) return status;
-    const IdentifyOutcome found = ReadUpdateTarget(session_.Ecu(), ecu_);
+    const IdentifyOutcome found = FindUpdateTarget(session_.Document(), ecu_);
     if (!found.Ok()) {
       session_.Message(found.message);
       ShowResult(found.result);
       return ExitStatus::kRefused;
     }
-    environment.catch_interrupts();
     OutliveTerminal();
-    start_ = environment.clock.Now();
     return ExitStatus::kDone;
   }
 
@@ -128,6 +144,12 @@ class Update {
   [[nodiscard]] double Seconds() const {
     return std::chrono::duration<double>(session_.Environment().clock.Now() - start_).count();
   }
+  // What to do when the ECU has its new firmware.
+  [[nodiscard]] std::string Advice() const {
+    std::string text(kAfterwards);
+    if (stored_) text += "\nWhat it held before: zelorgas-cli write " + PathText(*stored_);
+    return text;
+  }
 
  private:
   ExitStatus StatusOf(Outcome outcome) {
@@ -137,7 +159,7 @@ class Update {
       case Outcome::kBadImage:
         return ExitStatus::kFileFailure;
       case Outcome::kStopped:
-        session_.Message("stopped; nothing has been erased");
+        session_.Message(download_.FlashChanged() ? kRepeat : "stopped; nothing has been erased");
         break;
       case Outcome::kDeclined:
         break;
@@ -154,23 +176,44 @@ class Update {
   }
 
   [[nodiscard]] FirmwareHooks Hooks() {
-    const std::atomic<bool>& interrupted = session_.Environment().interrupted;
     return {.progress =
-                [this, &interrupted](const FlashProgress& progress) {
-                  if (interrupted && !std::exchange(told_, true)) {
-                    lines_.End();
-                    session_.Message(kGoesOn);
-                  }
+                [this](const FlashProgress& progress) {
+                  AnswerInterrupt();
                   lines_.Show(progress);
                 },
-            .stop_wanted = [&interrupted] { return interrupted.load(); }};
+            .stop_wanted =
+                [this](bool erasing) {
+                  AnswerInterrupt();
+                  if (!erasing) start_ = session_.Environment().clock.Now();
+                  return answered_ > (erasing ? 1U : 0U);
+                },
+            .store_configuration = [this](const EcuIdentity&) { return StoreConfiguration(); }};
+  }
+
+  // Between two looks at the line, and between two exchanges.
+  void AnswerInterrupt() {
+    const unsigned interrupts = session_.Environment().interrupted;
+    if (std::exchange(answered_, interrupts) == interrupts) return;
+    lines_.End();
+    session_.Message(download_.FlashChanged() && interrupts == 1 ? kGoesOn : kStopping);
+  }
+
+  std::optional<std::string> StoreConfiguration() {
+    std::string problem;
+    stored_ = BackUpConfiguration(session_.Document(), BackupFolder(WorkingFolder()),
+                                  "What the ECU held before its firmware was updated", problem);
+    session_.Message(stored_ ? "the configuration is stored in " + PathText(*stored_)
+                             : "the configuration could not be stored: " + problem);
+    if (!stored_) return std::nullopt;
+    return PathText(*stored_);
   }
 
   CliSession& session_;
   ProgressLines lines_{session_};
   UpdateBoxes boxes_{session_, lines_};
-  bool told_ = false;
+  unsigned answered_ = 0;  // interrupts
   EcuIdentity ecu_;
+  std::optional<std::filesystem::path> stored_;
   Clock::TimePoint start_;
   FirmwareDownload download_{session_.Document(), boxes_, Hooks()};
 };
@@ -195,7 +238,7 @@ ExitStatus RunErase(CliSession& session, std::span<const std::string> arguments)
 ExitStatus RunFlash(CliSession& session, std::span<const std::string> arguments) {
   if (arguments.size() != 1) return session.UsageError("flash needs the file of an image");
   const std::string& name = arguments.front();
-  const std::filesystem::path image(std::u8string(name.begin(), name.end()));
+  const std::filesystem::path image = PathFromText(name);
   // A file that is no image is no reason to look for an ECU.
   const ImageContent content = ReadFirmwareImage(image);
   if (!content.problem.empty()) {
@@ -213,7 +256,7 @@ ExitStatus RunFlash(CliSession& session, std::span<const std::string> arguments)
   } else {
     session.Print("written: " + std::to_string(content.bytes.size()) + " bytes in " +
                   FormatFixed(update.Seconds(), 1) + " s");
-    session.Message(kAfterwards);
+    session.Message(update.Advice());
   }
   return ExitStatus::kDone;
 }

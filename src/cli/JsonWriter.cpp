@@ -3,36 +3,12 @@
 #include <cstddef>
 
 #include "cli/Text.h"
+#include "config/Utf8Text.h"
 
 namespace zelorgas {
 namespace {
 
 constexpr std::string_view kHexDigits = "0123456789abcdef";
-
-unsigned ByteAt(std::string_view text, std::size_t index) {
-  return static_cast<unsigned char>(text[index]);
-}
-
-// Length of the well-formed UTF-8 character that `text` begins with; 0 when there is none.
-std::size_t Utf8Length(std::string_view text) {
-  const unsigned lead = ByteAt(text, 0);
-  const std::size_t length = lead < 0x80   ? 1
-                             : lead < 0xC2 ? 0
-                             : lead < 0xE0 ? 2
-                             : lead < 0xF0 ? 3
-                             : lead < 0xF5 ? 4
-                                           : 0;
-  if (length < 2) return length;
-  if (text.size() < length) return 0;
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((ByteAt(text, i) & 0xC0U) != 0x80U) return 0;
-  }
-  const unsigned second = ByteAt(text, 1);
-  // Over-long forms, surrogates, and what lies beyond the last code point.
-  const bool ill_formed = (lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
-                          (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F);
-  return ill_formed ? 0 : length;
-}
 
 }  // namespace
 
@@ -95,7 +71,7 @@ JsonWriter& JsonWriter::Null() {
 void JsonWriter::AppendQuoted(std::string_view text) {
   text_ += '"';
   while (!text.empty()) {
-    const unsigned byte = ByteAt(text, 0);
+    const auto byte = static_cast<unsigned char>(text.front());
     const std::size_t length = Utf8Length(text);
     if (byte == '"' || byte == '\\') {
       text_ += '\\';

@@ -24,7 +24,7 @@ class LiveFollower {
 
   // False when `show` has ended it.
   bool Run() {
-    while (!session_.Environment().interrupted) {
+    while (session_.Environment().interrupted == 0) {
       const bool over = Over();
       for (const CommStatus status : session_.Statuses().TakeAll()) {
         if (!Handle(status)) return false;
@@ -36,6 +36,7 @@ class LiveFollower {
     return true;
   }
   [[nodiscard]] bool HasValues() const { return begun_; }
+  [[nodiscard]] bool AnotherEcu() const { return another_ecu_; }
 
  private:
   enum class Link : std::uint8_t { kNone, kComing, kUp, kLost };
@@ -59,6 +60,9 @@ class LiveFollower {
       case CommStatus::kEcuRestarted:
         WriteBack();
         return true;
+      case CommStatus::kAnotherEcu:
+        another_ecu_ = true;
+        return false;
       default:
         return true;
     }
@@ -95,6 +99,7 @@ class LiveFollower {
   Clock::TimePoint end_ = Clock::TimePoint::max();  // without a duration there is none
   Link link_ = Link::kNone;
   bool begun_ = false;
+  bool another_ecu_ = false;
 };
 
 }  // namespace
@@ -103,14 +108,18 @@ ExitStatus FollowLiveValues(CliSession& session, std::optional<Clock::Duration> 
                             const std::function<bool(const LiveUpdate&)>& show) {
   // A lost answer is not worth a second try when the next round brings newer values.
   session.Document().Link().SetAttemptCount(1);
-  session.Environment().catch_interrupts();
+  session.Environment().catch_interrupts(1);
   if (!session.Document().StartWorker()) {
     session.Message("the port could not be opened");
     return ExitStatus::kRefused;
   }
   LiveFollower follower(session, duration, show);
   const bool shown = follower.Run();
-  if (shown && !follower.HasValues() && !session.Environment().interrupted) {
+  if (follower.AnotherEcu()) {
+    session.Message("another ECU answers now; stopped");
+    return ExitStatus::kRefused;
+  }
+  if (shown && !follower.HasValues() && session.Environment().interrupted == 0) {
     session.Message("no live values have come");
     return ExitStatus::kRefused;
   }

@@ -20,8 +20,8 @@ struct LiveUpdate {
 
 // Starts the document's worker on the connected link and hands every update to `show`, until
 // `duration` has passed since the first one (without a duration there is no end), the person
-// interrupts, or `show` gives false. kRefused, after a message, when the port cannot be opened or
-// no values have come.
+// interrupts, `show` gives false, or another ECU answers than at first. kRefused, after a message,
+// in the last case, and when the port cannot be opened or no values have come.
 ExitStatus FollowLiveValues(CliSession& session, std::optional<Clock::Duration> duration,
                             const std::function<bool(const LiveUpdate&)>& show);
 

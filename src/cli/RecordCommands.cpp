@@ -9,6 +9,7 @@
 #include "app/StoreProcedure.h"
 #include "cli/CliConnection.h"
 #include "cli/Commands.h"
+#include "cli/ConsoleBoxes.h"
 #include "cli/LiveFollower.h"
 #include "cli/Text.h"
 #include "diag/RecordingFile.h"
@@ -69,17 +70,13 @@ ExitStatus CheckTarget(CliSession& session, const std::string& name) {
     session.Message("there is no folder " + PathText(folder));
     return ExitStatus::kFileFailure;
   }
-  if (std::filesystem::is_directory(path, error)) {
-    session.Message(name + " is a folder");
+  std::string reason;
+  if (!CanWriteWholeFile(path, reason)) {
+    session.Message(name + " cannot be written: " + reason);
     return ExitStatus::kFileFailure;
   }
-  if (StoreTargetOf(path) != StoreTarget::kExisting || session.Option("--yes")) {
-    return ExitStatus::kDone;
-  }
-  if (!session.Environment().in_is_terminal) {
-    return session.UsageError(name + " exists; without a terminal to ask on, --yes is needed");
-  }
-  return ConsoleBoxes(session).Ask(kStoreQuestion) ? ExitStatus::kDone : ExitStatus::kRefused;
+  if (StoreTargetOf(path) != StoreTarget::kExisting) return ExitStatus::kDone;
+  return Confirm(session, kStoreQuestion, name + " exists; ");
 }
 
 ExitStatus Store(CliSession& session, const ScopeTraces& traces, const std::string& name) {
@@ -142,7 +139,8 @@ ExitStatus RunRecord(CliSession& session, std::span<const std::string> arguments
     if (status == ExitStatus::kDone) session.Message("nothing has been recorded");
     return ExitStatus::kRefused;
   }
-  return Store(session, oscilloscope.Traces(), name);
+  const ExitStatus stored = Store(session, oscilloscope.Traces(), name);
+  return stored == ExitStatus::kDone ? status : stored;
 }
 
 ExitStatus ShowRecording(CliSession& session, const std::string& name) {

@@ -14,19 +14,25 @@
 namespace zelorgas {
 namespace {
 
-std::atomic<bool>& Interrupted() {
-  static std::atomic<bool> interrupted{false};
-  return interrupted;
+struct Interrupts {
+  std::atomic<unsigned> counted{0};
+  std::atomic<unsigned> wanted{0};
+};
+
+Interrupts& TheInterrupts() {
+  static Interrupts interrupts;
+  return interrupts;
 }
 
 extern "C" void HandleInterrupt(int signal) {
-  // A second one ends the program, whatever the line does.
-  static_cast<void>(std::signal(signal, SIG_DFL));
-  Interrupted() = true;
+  // After the last one the next ends the program, whatever the line does.
+  const bool more = ++TheInterrupts().counted < TheInterrupts().wanted;
+  static_cast<void>(std::signal(signal, more ? HandleInterrupt : SIG_DFL));
 }
 
-void CatchInterrupts() {
-  Interrupted() = false;
+void CatchInterrupts(unsigned count) {
+  TheInterrupts().counted = 0;
+  TheInterrupts().wanted = count;
   static_cast<void>(std::signal(SIGINT, HandleInterrupt));
   static_cast<void>(std::signal(SIGTERM, HandleInterrupt));
 }
@@ -47,7 +53,7 @@ int RunProgram(const std::vector<std::string>& arguments) {
       .list_ports = ListSerialPorts,
       .settings = *settings,
       .catch_interrupts = CatchInterrupts,
-      .interrupted = Interrupted(),
+      .interrupted = TheInterrupts().counted,
       .err_is_terminal = StandardErrorIsTerminal(),
   };
   return RunCli(arguments, environment);

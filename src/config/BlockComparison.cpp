@@ -1,11 +1,18 @@
 #include "config/BlockComparison.h"
 
+#include <utility>
+
 namespace zelorgas {
 namespace {
 
 BlockDifference DifferenceOf(const BlockCell& cell, const ConfigurationBlock& first,
                              const ConfigurationBlock& second) {
   return {&cell, cell.Raw(first), cell.Raw(second), cell.Text(first), cell.Text(second)};
+}
+
+void TakeAway(std::optional<std::uint16_t>& raw, std::string& text) {
+  raw.reset();
+  text = kMissingText;
 }
 
 bool Gives(const LoadedConfiguration& file, const BlockCell& cell) {
@@ -45,10 +52,15 @@ std::vector<BlockDifference> CompareFiles(const LoadedConfiguration& first,
                                           const LoadedConfiguration& second) {
   std::vector<BlockDifference> differences;
   for (const BlockCell& cell : BlockCells()) {
-    if (Gives(first, cell) && Gives(second, cell) &&
-        cell.Raw(first.shown) != cell.Raw(second.shown)) {
-      differences.push_back(DifferenceOf(cell, first.shown, second.shown));
+    const bool in_first = Gives(first, cell);
+    const bool in_second = Gives(second, cell);
+    if (in_first == in_second && (!in_first || cell.Raw(first.shown) == cell.Raw(second.shown))) {
+      continue;
     }
+    BlockDifference difference = DifferenceOf(cell, first.shown, second.shown);
+    if (!in_first) TakeAway(difference.first_raw, difference.first_text);
+    if (!in_second) TakeAway(difference.second_raw, difference.second_text);
+    differences.push_back(std::move(difference));
   }
   return differences;
 }

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "config/BlockCells.h"
@@ -11,10 +13,14 @@
 
 namespace zelorgas {
 
+// What stands for the number of a cell that a file does not give.
+inline constexpr std::string_view kMissingText = "(missing)";
+
 struct BlockDifference {
   const BlockCell* cell;  // never null; lives as long as the program
-  std::uint16_t first_raw;
-  std::uint16_t second_raw;
+  // None, with kMissingText beside it: a file does not give the cell.
+  std::optional<std::uint16_t> first_raw;
+  std::optional<std::uint16_t> second_raw;
   std::string first_text;
   std::string second_text;
 };
@@ -29,7 +35,7 @@ struct BlockDifference {
 [[nodiscard]] std::vector<BlockDifference> CompareFileWithBlock(const LoadedConfiguration& file,
                                                                 const ConfigurationBlock& block);
 
-// The cells that both files give, with different numbers.
+// The cells that both files give with different numbers, and those that only one of them gives.
 [[nodiscard]] std::vector<BlockDifference> CompareFiles(const LoadedConfiguration& first,
                                                         const LoadedConfiguration& second);
 

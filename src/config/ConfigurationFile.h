@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -16,6 +17,8 @@ namespace zelorgas {
 inline constexpr std::string_view kConfigurationExtension = ".fob";
 inline constexpr std::string_view kConfigurationRoot = "GASECUConfiguration";
 inline constexpr std::string_view kConfigurationVersion = "1.00";
+// In bytes. A configuration has 13 KB and the notes; what is larger is none.
+inline constexpr std::uintmax_t kLargestConfiguration = 4U << 20U;
 
 // What was found in a file. Only a usable one may go to an ECU.
 struct LoadedConfiguration {
@@ -27,7 +30,7 @@ struct LoadedConfiguration {
   ConfigurationBlock shown{};
   // A bit is set where the file gives that bit of the block.
   ConfigurationBlock given{};
-  std::string notes;
+  std::string notes;  // UTF-8; older files may have them in a code page, which is taken for Latin-1
 
   // Why it cannot be loaded, in words; empty when it can.
   std::vector<std::string> faults;
@@ -44,7 +47,7 @@ struct LoadedConfiguration {
 };
 
 // The text of the file. `routing_map` says which of the two maps (0 or 1) it carries; `notes` is
-// UTF-8.
+// UTF-8, and made so where it is not.
 [[nodiscard]] std::string ConfigurationText(const ConfigurationBlock& block,
                                             std::size_t routing_map, std::string_view notes);
 
@@ -55,12 +58,13 @@ struct LoadedConfiguration {
                                                         std::size_t routing_map);
 
 // Writes the file, and the folders on the way to it that do not exist. False, with the reason in
-// `problem`, when it could not: what was at `file` is then still there.
+// `problem`, when it could not: what was at `file` is then still there, unless the reason says that
+// the new file is and may not outlive a power failure.
 [[nodiscard]] bool WriteConfigurationFile(const std::filesystem::path& file,
                                           const ConfigurationBlock& block, std::size_t routing_map,
                                           std::string_view notes, std::string& problem);
 
-// Reads the file over `base`. A file that cannot be read is a fault.
+// Reads the file over `base`. A file that cannot be read, or is too large, is a fault.
 [[nodiscard]] LoadedConfiguration ReadConfigurationFile(const std::filesystem::path& file,
                                                         const ConfigurationBlock& base,
                                                         std::size_t routing_map);

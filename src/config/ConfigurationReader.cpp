@@ -9,6 +9,7 @@
 #include "config/ConfigurationFile.h"
 #include "config/ConfigurationNumbers.h"
 #include "config/Parameters.h"
+#include "config/Utf8Text.h"
 #include "config/XmlDocument.h"
 #include "platform/FileSystem.h"
 
@@ -20,13 +21,13 @@ constexpr std::string_view kScalars = "CommonParams";
 constexpr std::string_view kSecondRootFinding = "Root element has sibling";
 constexpr std::uint16_t kWholeWord = 0xFFFF;
 
-std::string Quoted(std::string_view text) {
+std::string Excerpt(std::string_view text) {
   // Enough to find it again; the rest of a damaged file would follow.
   constexpr std::size_t kLongest = 40;
-  std::string quoted = "\"";
-  quoted += text.substr(0, kLongest);
-  return quoted += text.size() > kLongest ? "...\"" : "\"";
+  return Shortened(text, kLongest);
 }
+
+std::string Quoted(std::string_view text) { return '"' + Excerpt(text) + '"'; }
 
 std::uint16_t LowWord(std::int64_t number) { return static_cast<std::uint16_t>(number & 0xFFFF); }
 
@@ -70,6 +71,11 @@ std::optional<ListNumber> ParseToken(std::string_view token, CellForm form) {
   return number ? std::optional(WholeNumber(*number, form)) : std::nullopt;
 }
 
+// With the element of the notes as the main position.
+std::string NotesAt(const XmlDocument& document) {
+  return ValidUtf8(document.GetAttribute("Text"));
+}
+
 class ConfigurationReader {
  public:
   ConfigurationReader(std::string text, const ConfigurationBlock& base, std::size_t routing_map)
@@ -86,7 +92,7 @@ class ConfigurationReader {
       ReadRouting();
     }
     document_.ResetPosition();
-    if (document_.FindElement("Notes")) found_.notes = document_.GetAttribute("Text");
+    if (document_.FindElement("Notes")) found_.notes = NotesAt(document_);
     return std::move(found_);
   }
 
@@ -165,7 +171,7 @@ class ConfigurationReader {
     if (!number) {
       Remark(name + " is " + Quoted(text) + ", no whole number, and keeps its value");
     } else if (*number < 0 || *number > parameter.MaxValue()) {
-      Remark(name + " is " + text + ", more than it can hold, and is cut to 16 bits");
+      Remark(name + " is " + Excerpt(text) + ", more than it can hold, and is cut to 16 bits");
     }
     return number;
   }
@@ -247,7 +253,7 @@ class ConfigurationReader {
           return;
         }
         if (!number->fits) {
-          Remark(label + ", value " + std::to_string(index + 1) + ": " + std::string(token) +
+          Remark(label + ", value " + std::to_string(index + 1) + ": " + Excerpt(token) +
                  " is cut to 16 bits");
         }
         Put(field.word + index, kWholeWord, number->loaded, number->shown);
@@ -336,7 +342,7 @@ LoadedConfiguration ReadConfigurationFile(const std::filesystem::path& file,
                                           const ConfigurationBlock& base, std::size_t routing_map) {
   std::string text;
   std::string reason;
-  if (!ReadWholeFile(file, text, reason)) {
+  if (!ReadWholeFile(file, text, reason, kLargestConfiguration)) {
     LoadedConfiguration nothing;
     nothing.block = nothing.shown = base;
     nothing.faults.push_back("Cannot read " + PathText(file) + ": " + reason);
@@ -347,8 +353,8 @@ LoadedConfiguration ReadConfigurationFile(const std::filesystem::path& file,
 
 std::string ReadNotes(const std::filesystem::path& file) {
   XmlDocument document;
-  if (!document.Load(file) || !document.FindElement("Notes")) return {};
-  return document.GetAttribute("Text");
+  if (!document.Load(file, kLargestConfiguration) || !document.FindElement("Notes")) return {};
+  return NotesAt(document);
 }
 
 }  // namespace zelorgas

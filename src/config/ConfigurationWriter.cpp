@@ -8,6 +8,7 @@
 #include "config/ConfigurationFile.h"
 #include "config/ConfigurationNumbers.h"
 #include "config/Parameters.h"
+#include "config/Utf8Text.h"
 #include "config/XmlDocument.h"
 #include "platform/FileSystem.h"
 
@@ -53,7 +54,7 @@ class ConfigurationWriter {
     document_.ResetPosition();
     static_cast<void>(document_.FindElement(kConfigurationRoot));
     document_.AddElement("Notes");
-    document_.SetAttribute("\r\n\t\tText", notes);
+    document_.SetAttribute("\r\n\t\tText", ValidUtf8(std::string(notes)));
     return document_.Text();
   }
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <system_error>
 
+#include "config/Utf8Text.h"
 #include "platform/FileSystem.h"
 #include "platform/IgnoreCase.h"
 #include "platform/LocalTime.h"
@@ -40,34 +41,6 @@ bool IsDeviceName(std::string_view name) {
 bool IsControl(char c) {
   const auto code = static_cast<unsigned char>(c);
   return code < 0x20 || code == 0x7F;
-}
-
-// How many bytes a character has that begins with `lead`; 0 when none does.
-std::size_t CharacterLength(unsigned char lead) {
-  if (lead < 0x80) return 1;
-  if (lead >= 0xC2 && lead <= 0xDF) return 2;
-  if (lead >= 0xE0 && lead <= 0xEF) return 3;
-  return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
-}
-
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = CharacterLength(lead);
-    if (length == 0 || length > text.size()) return false;
-    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-    if (!std::ranges::all_of(text.substr(1, length - 1), continues)) return false;
-    if (length > 2) {
-      const auto second = static_cast<unsigned char>(text[1]);
-      // Forms that are too long, surrogates, and what lies past the last character.
-      if ((lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
-          (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F)) {
-        return false;
-      }
-    }
-    text.remove_prefix(length);
-  }
-  return true;
 }
 
 }  // namespace

@@ -23,10 +23,10 @@ void XmlDocument::SetDocumentText(std::string text) {
   ResetPosition();
 }
 
-bool XmlDocument::Load(const std::filesystem::path& path) {
+bool XmlDocument::Load(const std::filesystem::path& path, std::uintmax_t largest) {
   std::string text;
   std::string reason;
-  if (!ReadWholeFile(path, text, reason)) {
+  if (!ReadWholeFile(path, text, reason, largest)) {
     result_ = BytesResult("Cannot open " + PathText(path) + ": " + reason + ", ", 0);
     return false;
   }

@@ -13,6 +13,7 @@
 
 #include "config/XmlDocumentIndex.h"
 #include "config/XmlDocumentMarkup.h"
+#include "platform/FileSystem.h"
 
 namespace zelorgas {
 
@@ -44,7 +45,8 @@ class XmlDocument {
 
   // Reads and indexes a file. False when it cannot be opened or read; the document is then as it
   // was. Findings are no failure.
-  [[nodiscard]] bool Load(const std::filesystem::path& path);
+  [[nodiscard]] bool Load(const std::filesystem::path& path,
+                          std::uintmax_t largest = kLargestWholeFile);
   // Writes the document; the file at `path` is then either the old or the new one, complete. False
   // when it could not be written.
   [[nodiscard]] bool Save(const std::filesystem::path& path);

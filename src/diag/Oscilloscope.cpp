@@ -46,7 +46,7 @@ std::array<std::optional<double>, kScopeChannels> Oscilloscope::ReadOut(double s
 void Oscilloscope::SetNotes(std::string notes) {
   if (notes == traces_.notes) return;
   traces_.notes = std::move(notes);
-  if (traces_.Length() > 0) unsaved_ = true;
+  unsaved_ = traces_.Length() > 0 || !traces_.notes.empty();
 }
 
 void Oscilloscope::Show(ScopeTraces traces) {

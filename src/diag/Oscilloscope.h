@@ -49,7 +49,7 @@ class Oscilloscope {
   [[nodiscard]] const std::string& Notes() const { return traces_.notes; }
   void SetNotes(std::string notes);
 
-  // True when the traces, or the notes to them, are in no file.
+  // True when the traces or the notes are in no file.
   [[nodiscard]] bool Unsaved() const { return unsaved_; }
   void MarkSaved() { unsaved_ = false; }
   // Shows a recording from a file in place of what was there.

@@ -8,12 +8,6 @@
 
 namespace zelorgas {
 
-std::filesystem::path RecordingPath(const std::filesystem::path& folder, std::string_view name) {
-  std::string file(name.substr(0, name.rfind('.')));
-  file += kRecordingExtension;
-  return folder / PathFromText(file);
-}
-
 bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path,
                     std::string& reason) {
   XmlDocument document = RecordingDocument(traces);

@@ -16,10 +16,6 @@ inline constexpr std::string_view kRecordingExtension = ".osc";
 inline constexpr std::string_view kRecordingUnsaved =
     "The recording has not been saved and will be lost!\nDo you want to continue?";
 
-// The recording `name`, cut at its last "." if it has one, in `folder`. `name` is UTF-8.
-[[nodiscard]] std::filesystem::path RecordingPath(const std::filesystem::path& folder,
-                                                  std::string_view name);
-
 // Writes the traces; the file is then either the old or the new one. False, with a reason for a
 // person, when it could not.
 [[nodiscard]] bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path,
@@ -33,10 +29,9 @@ bool SaveRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path
                    MessageBoxes& boxes);
 
 // Shows the file's recording in place of the present one, stopped and on a time axis that takes it;
-// asks first when the present one is unsaved. A file
-// that is no recording leaves everything as it was. Pieces that are no numbers are left out, and
-// the rest is shown, with the error message. The status line tells what is wrong. True when
-// everything was read.
+// asks first when the present one is unsaved. A file that is no recording leaves everything as it
+// was. Pieces that are no numbers are left out, and the rest is shown, with the error message. The
+// status line tells what is wrong. True when everything was read.
 bool LoadRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
                    MessageBoxes& boxes);
 

@@ -13,8 +13,9 @@ namespace zelorgas {
 // rounded.
 [[nodiscard]] std::string JoinHundredths(const std::deque<double>& values);
 
-// The number that `text` is as a whole, white space and a plus sign in front allowed; nothing for
-// anything else, "inf" and "nan" and numbers beyond a double's range included.
+// The number that `text` is as a whole, white space and a plus sign in front allowed; 0 when it is
+// too small for a double. Nothing for anything else, "inf", "nan" and numbers too large for a
+// double included.
 [[nodiscard]] std::optional<double> ReadDecimal(std::string_view text);
 
 }  // namespace zelorgas

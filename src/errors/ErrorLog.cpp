@@ -21,8 +21,13 @@ std::optional<std::uint16_t> EraseCoil(char identification) {
 
 }  // namespace
 
-ModbusResult ErrorLog::ReadErrors() {
+void ErrorLog::Forget() {
   sheet_.clear();
+  known_ = {};
+}
+
+ModbusResult ErrorLog::ReadErrors() {
+  Forget();
   ModbusResult failure = ModbusResult::kOk;
   {
     LinkSession session(document_, LinkSession::Wait::kGrace);
@@ -43,6 +48,7 @@ ModbusResult ErrorLog::ReadBank(LinkSession& session, ErrorBank bank) {
   const ModbusResult result = session.Link().ReadHoldingRegisters(
       ECU_SLAVE_ADDRESS, FirstErrorRegister(bank), codes, counts);
   if (result != ModbusResult::kOk) return result;
+  known_[static_cast<std::size_t>(bank)] = true;
   for (std::uint16_t code = 0; code < codes; ++code) {
     if (counts[code] != 0) sheet_.Page(bank).addError(code, counts[code]);
   }

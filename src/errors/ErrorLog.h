@@ -3,6 +3,8 @@
 // goes on, whatever happened. User-interface thread, or the command line's only one.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "app/ClpgecuDoc.h"
@@ -28,6 +30,10 @@ class ErrorLog final : public ErrorOwner {
   // of a bank that could not be read stays empty; one message gives the link's text of the first
   // failure, which is the result.
   ModbusResult ReadErrors();
+  // The bank's page holds what was read, not just nothing.
+  [[nodiscard]] bool Known(ErrorBank bank) const { return known_[static_cast<std::size_t>(bank)]; }
+  // Nothing is known of the ECU that comes next.
+  void Forget();
 
   // Sets the count of one error to 0 in the ECU and takes its entry away. On a failure, and for a
   // code that the bank does not have, the person is told and the entry stays.
@@ -45,6 +51,7 @@ class ErrorLog final : public ErrorOwner {
   ClpgecuDoc& document_;
   MessageBoxes& boxes_;
   ErrorSheet sheet_;
+  std::array<bool, 2> known_{};  // by bank
 };
 
 }  // namespace zelorgas

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/LinkSession.h"
 #include "firmware/LinkPreparation.h"
+#include "platform/FileSystem.h"
 
 namespace zelorgas {
 namespace {
@@ -27,10 +27,8 @@ std::string EraseQuestion(const EcuIdentity& ecu) {
 
 std::string ProgramQuestion(const std::filesystem::path& image, std::size_t size,
                             const EcuIdentity& ecu) {
-  const std::u8string name = image.filename().u8string();
-  return "Do you want to replace the firmware of the ECU?\n\nImage: " +
-         std::string(name.begin(), name.end()) + "\nSize: " + std::to_string(size) +
-         " bytes\nECU: " + NameOfTarget(ecu);
+  return "Do you want to replace the firmware of the ECU?\n\nImage: " + PathText(image.filename()) +
+         "\nSize: " + std::to_string(size) + " bytes\nECU: " + NameOfTarget(ecu);
 }
 
 std::string_view ProblemOfChange(const ImageContent& again,
@@ -39,83 +37,39 @@ std::string_view ProblemOfChange(const ImageContent& again,
   return again.bytes == checked ? std::string_view() : kImageChanged;
 }
 
-// Lets every exchange be tried as often as a page's; undoes it when it goes.
-class MoreAttempts {
- public:
-  explicit MoreAttempts(ModbusMaster& master) : master_(master), before_(master.AttemptCount()) {
-    master.SetAttemptCount(std::max(before_, LinkSession::kAttempts));
-  }
-  MoreAttempts(const MoreAttempts&) = delete;
-  MoreAttempts& operator=(const MoreAttempts&) = delete;
-  ~MoreAttempts() { master_.SetAttemptCount(before_); }
-
- private:
-  ModbusMaster& master_;
-  const std::uint16_t before_;
-};
-
 }  // namespace
-
-// Flash mode from its order on; switched off when this goes, on whatever path.
-class FirmwareDownload::OpenFlash {
- public:
-  OpenFlash(FirmwareDownload& download, mbFlasher& flasher)
-      : download_(download), flasher_(flasher) {
-    download_.flash_open_ = true;
-    // Whether it was taken shows in LinkFailure.
-    static_cast<void>(flasher_.SetFlashMode(true));
-  }
-  OpenFlash(const OpenFlash&) = delete;
-  OpenFlash& operator=(const OpenFlash&) = delete;
-  ~OpenFlash() {
-    if (open_) static_cast<void>(SwitchOff());
-  }
-
-  // kDone when the ECU has confirmed it. Called once at most.
-  End SwitchOff() {
-    open_ = false;
-    ModbusResult result = flasher_.SetFlashMode(false);
-    // An open flash is worth a second round, unless nobody is there.
-    if (result != ModbusResult::kOk && !download_.document_.Link().PortLost()) {
-      result = flasher_.SetFlashMode(false);
-    }
-    download_.flash_open_ = false;
-    if (result == ModbusResult::kOk) return {};
-    return {Outcome::kFailed, kFlashModeStays, MessageIcon::kExclamation, result};
-  }
-
- private:
-  FirmwareDownload& download_;
-  mbFlasher& flasher_;
-  bool open_ = true;
-};
 
 FirmwareDownload::FirmwareDownload(ClpgecuDoc& document, MessageBoxes& boxes, FirmwareHooks hooks)
     : document_(document), boxes_(boxes), hooks_(std::move(hooks)) {}
 
 FirmwareDownload::Outcome FirmwareDownload::Erase(const EcuIdentity& ecu) {
-  flash_changed_ = false;
+  application_left_ = flash_changed_ = false;
   std::optional<std::string> stored;
-  if (!boxes_.Ask(EraseQuestion(ecu)) || !StoreFirst(ecu, stored)) {
-    return Tell({Outcome::kDeclined});
-  }
+  if (const End end = Confirm(EraseQuestion(ecu), ecu, stored); !end.GoOn()) return Tell(end);
   const MoreAttempts attempts(document_.Link());
-  const Outcome outcome = Tell(EraseUnderway());
+  End end = Prepare();
+  if (end.GoOn()) end = InFlashMode([this](mbFlasher& flasher) { return EraseAll(flasher); });
+  if (end.GoOn()) end = {Outcome::kDone, kErased, MessageIcon::kInformation};
+  const Outcome outcome = Tell(end);
   boxes_.Status(kIdle);
   return outcome;
 }
 
 FirmwareDownload::Outcome FirmwareDownload::Program(const std::filesystem::path& image,
                                                     const EcuIdentity& ecu) {
-  flash_changed_ = false;
+  application_left_ = flash_changed_ = false;
   const ImageContent checked = ReadFirmwareImage(image);
   if (!checked.problem.empty()) return Tell({Outcome::kBadImage, checked.problem});
   std::optional<std::string> stored;
-  if (!boxes_.Ask(ProgramQuestion(image, checked.bytes.size(), ecu)) || !StoreFirst(ecu, stored)) {
-    return Tell({Outcome::kDeclined});
-  }
+  const std::string question = ProgramQuestion(image, checked.bytes.size(), ecu);
+  if (const End end = Confirm(question, ecu, stored); !end.GoOn()) return Tell(end);
   const MoreAttempts attempts(document_.Link());
-  const Outcome outcome = Tell(ProgramUnderway(image, checked.bytes));
+  End end = Prepare();
+  if (end.GoOn()) {
+    end = InFlashMode(
+        [&](mbFlasher& flasher) { return EraseAndWrite(flasher, image, checked.bytes); });
+  }
+  const Outcome outcome = Tell(end);
   boxes_.Status(kReady);
   if (outcome == Outcome::kDone && stored && hooks_.offer_configuration) {
     hooks_.offer_configuration(*stored);
@@ -123,22 +77,51 @@ FirmwareDownload::Outcome FirmwareDownload::Program(const std::filesystem::path&
   return outcome;
 }
 
-bool FirmwareDownload::StoreFirst(const EcuIdentity& ecu, std::optional<std::string>& stored) {
-  if (!hooks_.store_configuration || ecu.bootloader) return true;
-  stored = hooks_.store_configuration();
-  return stored || boxes_.Ask(kNoCopyQuestion);
+FirmwareDownload::End FirmwareDownload::Confirm(const std::string& question, const EcuIdentity& ecu,
+                                                std::optional<std::string>& stored) {
+  if (!boxes_.Ask(question)) return {Outcome::kDeclined};
+  // A box may stand there for long: time to change the cable, or the car.
+  if (const End step = CheckTarget(document_, ecu); !step.GoOn()) return step;
+  if (!hooks_.store_configuration || ecu.bootloader) return {};
+  stored = hooks_.store_configuration(ecu);
+  if (stored) return {};
+  if (!boxes_.Ask(kNoCopyQuestion)) return {Outcome::kDeclined};
+  return CheckTarget(document_, ecu);
+}
+
+FirmwareDownload::End FirmwareDownload::CheckTarget(ClpgecuDoc& document, const EcuIdentity& ecu) {
+  const IdentifyOutcome step = CheckUpdateTarget(document, ecu);
+  if (step.Ok()) return {};
+  return {Outcome::kFailed, step.message, MessageIcon::kError, step.result};
 }
 
 FirmwareDownload::Outcome FirmwareDownload::Tell(const End& end) {
   failure_result_ = end.result;
   if (!end.message.empty()) boxes_.Inform(end.message, end.icon);
+  if (end.flash_mode_stays) boxes_.Inform(kFlashModeStays, MessageIcon::kExclamation);
   return end.outcome;
 }
 
-FirmwareDownload::End FirmwareDownload::EraseUnderway() {
-  if (const End step = Prepare(); !step.GoOn()) return step;
-  mbFlasher flasher = MakeFlasher();
-  OpenFlash flash(*this, flasher);
+FirmwareDownload::End FirmwareDownload::InFlashMode(const std::function<End(mbFlasher&)>& work) {
+  mbFlasher flasher(&document_.Link(),
+                    [this](std::chrono::milliseconds time) { document_.SleepSliced(time); });
+  flash_open_ = true;
+  // Whether it was taken shows in LinkFailure.
+  static_cast<void>(flasher.SetFlashMode(true));
+  End end = work(flasher);
+  ModbusResult result = flasher.SetFlashMode(false);
+  // An open flash is worth a second round, unless nobody is there.
+  if (result != ModbusResult::kOk && !document_.Link().PortLost()) {
+    result = flasher.SetFlashMode(false);
+  }
+  flash_open_ = false;
+  if (result == ModbusResult::kOk) return end;
+  if (end.GoOn()) end = {.outcome = Outcome::kFailed, .result = result};
+  end.flash_mode_stays = true;
+  return end;
+}
+
+FirmwareDownload::End FirmwareDownload::EraseAll(mbFlasher& flasher) {
   if (const End step = CheckSupply(flasher); !step.GoOn()) return step;
   // Part of the order that the bootloader is used to; the values serve nothing here.
   flasher.PreEraseValue();
@@ -147,17 +130,12 @@ FirmwareDownload::End FirmwareDownload::EraseUnderway() {
   if (flasher.LinkFailure() != ModbusResult::kOk) return LinkDown(flasher);
   if (StopWanted()) return {Outcome::kStopped};
   boxes_.Status(kErasing);
-  flash_changed_ = true;
-  if (const End step = EraseBlocks(flasher, MessageIcon::kError); !step.GoOn()) return step;
-  if (const End step = flash.SwitchOff(); !step.GoOn()) return step;
-  return {Outcome::kDone, kErased, MessageIcon::kInformation};
+  return EraseBlocks(flasher, MessageIcon::kError);
 }
 
-FirmwareDownload::End FirmwareDownload::ProgramUnderway(const std::filesystem::path& image,
-                                                        const std::vector<std::uint8_t>& checked) {
-  if (const End step = Prepare(); !step.GoOn()) return step;
-  mbFlasher flasher = MakeFlasher();
-  OpenFlash flash(*this, flasher);
+FirmwareDownload::End FirmwareDownload::EraseAndWrite(mbFlasher& flasher,
+                                                      const std::filesystem::path& image,
+                                                      const std::vector<std::uint8_t>& checked) {
   if (const End step = CheckSupply(flasher); !step.GoOn()) return step;
   std::uint32_t start = 0;
   if (const End step = CheckRoom(flasher, checked.size(), start); !step.GoOn()) return step;
@@ -166,15 +144,14 @@ FirmwareDownload::End FirmwareDownload::ProgramUnderway(const std::filesystem::p
   if (!problem.empty()) return {Outcome::kBadImage, problem};
   if (StopWanted()) return {Outcome::kStopped};
   boxes_.Status(kErasingCurrent);
-  flash_changed_ = true;
   if (const End step = EraseBlocks(flasher, MessageIcon::kNone); !step.GoOn()) return step;
   boxes_.Status(kDownloading);
-  if (const End step = WriteImage(flasher, checked, start); !step.GoOn()) return step;
-  return flash.SwitchOff();
+  return WriteImage(flasher, checked, start);
 }
 
 FirmwareDownload::End FirmwareDownload::Prepare() {
   if (StopWanted()) return {Outcome::kStopped};
+  application_left_ = true;
   EcuIdentity bootloader;
   if (const IdentifyOutcome step = PrepareLink(document_, bootloader); !step.Ok()) {
     return {Outcome::kFailed, step.message, MessageIcon::kError, step.result};
@@ -207,8 +184,10 @@ FirmwareDownload::End FirmwareDownload::CheckRoom(mbFlasher& flasher, std::size_
 }
 
 FirmwareDownload::End FirmwareDownload::EraseBlocks(mbFlasher& flasher, MessageIcon icon) {
+  flash_changed_ = true;
   const auto certain = [&] { return flasher.LinkFailure() == ModbusResult::kOk; };
   for (std::uint16_t block = kFirstBlock; block <= kLastBlock; ++block) {
+    if (StopWanted()) return {Outcome::kStopped};
     const bool blank = flasher.BlankCheck(block) == 0;
     const bool erased = certain() && (blank || flasher.Erase(block) == 0);
     if (!erased || !certain()) {
@@ -228,23 +207,30 @@ FirmwareDownload::End FirmwareDownload::WriteImage(mbFlasher& flasher,
                                                    const std::vector<std::uint8_t>& image,
                                                    std::uint32_t start) {
   const FlashStopwatch stopwatch(image, mbFlasher::kPageSize, document_.DocumentClock());
+  const auto write_failed = [&] {
+    return End{Outcome::kFailed, kWriteFailed, MessageIcon::kNone, flasher.LinkFailure()};
+  };
+  // What the bootloader remembers of an earlier command, before a page and, should it forget by
+  // writing one, before the next.
+  std::optional<std::uint32_t> remembered;
+  unsigned sent = 0;
   for (std::size_t done = 0; done < image.size();) {
+    if (StopWanted()) return {Outcome::kStopped};
     const auto piece =
         std::span(image).subspan(done, std::min(mbFlasher::kPageSize, image.size() - done));
+    if (!mbFlasher::IsBlank(piece) && ++sent <= 2) remembered = flasher.KeptBlockEnd();
     const std::uint32_t result = flasher.Write(piece, start + static_cast<std::uint32_t>(done));
     // A page that went through at a second try has its second half in the place of the first.
     if (result != 0 || flasher.PageSpoilt() || flasher.LinkFailure() != ModbusResult::kOk) {
-      return {Outcome::kFailed, kWriteFailed, MessageIcon::kNone, flasher.LinkFailure()};
+      return write_failed();
     }
     done += piece.size();
     if (hooks_.progress) hooks_.progress(stopwatch.At(done));
   }
-  return {};
-}
-
-mbFlasher FirmwareDownload::MakeFlasher() {
-  return {&document_.Link(),
-          [this](std::chrono::milliseconds time) { document_.SleepSliced(time); }};
+  // A bootloader that restarts in the middle of a page answers 0 for it, as for one that is
+  // written. Out of flash mode it refuses the next page; behind the last one only its memory tells.
+  const bool restarted = remembered && flasher.KeptBlockEnd() != *remembered;
+  return restarted || flasher.LinkFailure() != ModbusResult::kOk ? write_failed() : End{};
 }
 
 }  // namespace zelorgas

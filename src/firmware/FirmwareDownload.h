@@ -37,12 +37,12 @@ inline constexpr std::string_view kNoCopyQuestion =
 struct FirmwareHooks {
   // After every piece of the image.
   std::function<void(const FlashProgress&)> progress = {};
-  // Asked as long as nothing is erased; true ends the update there. Later a stop would leave an ECU
-  // without firmware, and nobody is asked.
-  std::function<bool()> stop_wanted = {};
-  // Before the ECU leaves its application: stores its configuration and gives the name it is stored
+  // Asked between two exchanges; true ends the update there. `erasing`: the firmware is not whole
+  // any more, and a stop leaves an ECU without it.
+  std::function<bool(bool erasing)> stop_wanted = {};
+  // Before `ecu` leaves its application: stores its configuration and gives the name it is stored
   // under, or nothing when that failed.
-  std::function<std::optional<std::string>()> store_configuration = {};
+  std::function<std::optional<std::string>(const EcuIdentity& ecu)> store_configuration = {};
   // After a successful download: `stored` can be loaded again.
   std::function<void(const std::string& stored)> offer_configuration = {};
 };
@@ -52,7 +52,7 @@ class FirmwareDownload {
   enum class Outcome : std::uint8_t {
     kDone,      // the flash is blank, or holds the image
     kDeclined,  // the person has said no; nothing was changed
-    kStopped,   // by the hook; nothing was erased
+    kStopped,   // by the hook; FlashChanged says whether anything was erased
     kBadImage,  // the person has been told why; nothing was erased
     kFailed,    // the person has been told why; the ECU may be without firmware
   };
@@ -61,6 +61,7 @@ class FirmwareDownload {
   FirmwareDownload(ClpgecuDoc& document, MessageBoxes& boxes, FirmwareHooks hooks = {});
 
   // Erase blocks 2 and 3 after a question that names `ecu`, and in the second case program `image`.
+  // When another ECU answers after the question than `ecu`, nothing is done to it.
   Outcome Erase(const EcuIdentity& ecu);
   Outcome Program(const std::filesystem::path& image, const EcuIdentity& ecu);
 
@@ -70,44 +71,52 @@ class FirmwareDownload {
   // True once the last update has begun to erase: when it has failed then, the ECU may be without
   // firmware.
   [[nodiscard]] bool FlashChanged() const { return flash_changed_; }
+  // True once the last update has ordered the ECU out of its application.
+  [[nodiscard]] bool ApplicationLeft() const { return application_left_; }
   // The link's result on which the last update failed; kOk when it did not fail, or by what the ECU
   // answered.
   [[nodiscard]] ModbusResult FailureResult() const { return failure_result_; }
 
  private:
-  class OpenFlash;
   // How an update ended, and what the person is told when flash mode is off again.
   struct End {
     Outcome outcome = Outcome::kDone;
     std::string_view message = {};
     MessageIcon icon = MessageIcon::kNone;
     ModbusResult result = ModbusResult::kOk;
+    bool flash_mode_stays = false;
 
     [[nodiscard]] bool GoOn() const { return outcome == Outcome::kDone; }
   };
 
-  [[nodiscard]] End EraseUnderway();
-  [[nodiscard]] End ProgramUnderway(const std::filesystem::path& image,
-                                    const std::vector<std::uint8_t>& checked);
+  // Asks, makes sure that the ECU is still `ecu`, and has its configuration stored as long as it
+  // runs its application.
+  [[nodiscard]] End Confirm(const std::string& question, const EcuIdentity& ecu,
+                            std::optional<std::string>& stored);
+  // Does `work` in flash mode, which is off again on every way out.
+  [[nodiscard]] End InFlashMode(const std::function<End(mbFlasher&)>& work);
+  [[nodiscard]] End EraseAll(mbFlasher& flasher);
+  [[nodiscard]] End EraseAndWrite(mbFlasher& flasher, const std::filesystem::path& image,
+                                  const std::vector<std::uint8_t>& checked);
   [[nodiscard]] End Prepare();
   [[nodiscard]] End WriteImage(mbFlasher& flasher, const std::vector<std::uint8_t>& image,
                                std::uint32_t start);
+  [[nodiscard]] static End CheckTarget(ClpgecuDoc& document, const EcuIdentity& ecu);
   // The link failed, or the bootloader said nonsense, before anything was erased.
   [[nodiscard]] static End LinkDown(const mbFlasher& flasher);
   [[nodiscard]] static End CheckSupply(mbFlasher& flasher);
   [[nodiscard]] static End CheckRoom(mbFlasher& flasher, std::size_t size, std::uint32_t& start);
-  [[nodiscard]] static End EraseBlocks(mbFlasher& flasher, MessageIcon icon);
-  // Has the configuration stored while the ECU still runs its application. False when it could not
-  // be, and the person does not want to go on without it.
-  [[nodiscard]] bool StoreFirst(const EcuIdentity& ecu, std::optional<std::string>& stored);
+  [[nodiscard]] End EraseBlocks(mbFlasher& flasher, MessageIcon icon);
   Outcome Tell(const End& end);
-  [[nodiscard]] bool StopWanted() const { return hooks_.stop_wanted && hooks_.stop_wanted(); }
-  [[nodiscard]] mbFlasher MakeFlasher();
+  [[nodiscard]] bool StopWanted() const {
+    return hooks_.stop_wanted && hooks_.stop_wanted(flash_changed_);
+  }
 
   ClpgecuDoc& document_;
   MessageBoxes& boxes_;
   const FirmwareHooks hooks_;
   std::atomic<bool> flash_open_{false};
+  bool application_left_ = false;
   bool flash_changed_ = false;
   ModbusResult failure_result_ = ModbusResult::kOk;
 };

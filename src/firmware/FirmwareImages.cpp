@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <system_error>
 
+#include "platform/FileSystem.h"
 #include "platform/IgnoreCase.h"
 #include "platform/UnsharedFile.h"
 
@@ -15,11 +16,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kNameStart = "P042";
 constexpr std::string_view kExtension = ".ebi";
-
-std::string Utf8(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
 
 bool IsImageName(std::string_view name) {
   return name.size() >= kNameStart.size() + kExtension.size() &&
@@ -68,7 +64,7 @@ std::vector<FirmwareImage> FindFirmwareImages(const fs::path& folder) {
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {
-    const std::string name = Utf8(entry->path().filename());
+    const std::string name = PathText(entry->path().filename());
     std::error_code no_type;
     if (!IsImageName(name) || !entry->is_regular_file(no_type)) continue;
     images.push_back({entry->path(), VersionOfName(name), {}});
@@ -77,7 +73,7 @@ std::vector<FirmwareImage> FindFirmwareImages(const fs::path& folder) {
     return a.software != b.software ? a.software > b.software : a.path < b.path;
   });
   for (FirmwareImage& image : images) {
-    const std::string name = Utf8(image.path.stem());
+    const std::string name = PathText(image.path.stem());
     const auto same = [&](const FirmwareImage& other) { return other.software == image.software; };
     image.text = image.software ? VersionText(*image.software) : name;
     if (image.software && std::ranges::count_if(images, same) > 1) image.text += " (" + name + ")";

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "firmware/mbFlasher.h"
+
 namespace zelorgas {
 
 FlashStopwatch::FlashStopwatch(std::span<const std::uint8_t> image, std::size_t page_size,
@@ -12,7 +14,7 @@ std::size_t FlashStopwatch::PagesSent(std::size_t bytes) const {
   std::size_t pages = 0;
   for (std::size_t first = 0; first < bytes; first += page_size_) {
     const auto page = image_.subspan(first, std::min(page_size_, image_.size() - first));
-    if (std::ranges::any_of(page, [](std::uint8_t byte) { return byte != 0xFF; })) ++pages;
+    if (!mbFlasher::IsBlank(page)) ++pages;
   }
   return pages;
 }

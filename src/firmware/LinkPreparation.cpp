@@ -1,9 +1,11 @@
 #include "firmware/LinkPreparation.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
 #include "app/EcuConnection.h"
+#include "app/LinkSession.h"
 
 namespace zelorgas {
 namespace {
@@ -13,21 +15,36 @@ constexpr std::chrono::milliseconds kEnterTime{100};
 
 }  // namespace
 
+MoreAttempts::MoreAttempts(ModbusMaster& master) : master_(master), before_(master.AttemptCount()) {
+  master.SetAttemptCount(std::max(before_, LinkSession::kAttempts));
+}
+
 bool OpenForUpdate(ModbusSerialPort& link) {
   return (link.IsOpen() && !link.PortLost()) || link.Open(0, 0, 255);
 }
 
-IdentifyOutcome ReadUpdateTarget(ModbusMaster& master, EcuIdentity& identity) {
-  if (const auto step = ReadBasicIdentification(master, identity); !step.Ok()) return step;
-  if (const auto step = ReadModel(master, identity); !step.Ok()) return step;
-  if (identity.bootloader) return {};
-  if (const auto step = ReadVersions(master, identity); !step.Ok()) return step;
-  return ReadSerialNumber(master, identity);
+IdentifyOutcome FindUpdateTarget(ClpgecuDoc& document, EcuIdentity& identity) {
+  ModbusSerialPort& link = document.Link();
+  if (!OpenForUpdate(link)) return {ModbusResult::kPortNotOpen, kPortBusy};
+  const MoreAttempts attempts(link);
+  if (const auto step = ReadBasicIdentification(link, identity); !step.Ok()) return step;
+  if (const auto step = ReadModel(link, identity); !step.Ok()) return step;
+  if (identity.bootloader) {
+    // Without it the application may start while the person is still reading a question.
+    static_cast<void>(link.WriteSingleCoil(ECU_SLAVE_ADDRESS, kStayInBootloaderCoil, 1));
+    return {};
+  }
+  if (const auto step = ReadVersions(link, identity); !step.Ok()) return step;
+  return ReadSerialNumber(link, identity);
 }
 
-IdentifyOutcome FindUpdateTarget(ClpgecuDoc& document, EcuIdentity& identity) {
-  if (!OpenForUpdate(document.Link())) return {ModbusResult::kPortNotOpen, kPortBusy};
-  return ReadUpdateTarget(document.Link(), identity);
+IdentifyOutcome CheckUpdateTarget(ClpgecuDoc& document, const EcuIdentity& identity) {
+  EcuIdentity now;
+  if (const auto step = FindUpdateTarget(document, now); !step.Ok()) return step;
+  const bool same = now.bootloader == identity.bootloader && now.revision == identity.revision &&
+                    now.software == identity.software && now.serial == identity.serial;
+  if (!same) return {ModbusResult::kOk, kAnotherTarget};
+  return {};
 }
 
 std::string NameOfTarget(const EcuIdentity& identity) {

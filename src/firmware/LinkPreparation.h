@@ -1,8 +1,10 @@
 // Getting an ECU ready for an update: who is there, and its way into the bootloader. Each function
-// is a few exchanges, on the thread that updates.
+// is a few exchanges, on the thread that updates, each of them tried three times at least.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "app/ClpgecuDoc.h"
 #include "app/Identification.h"
@@ -12,13 +14,30 @@ namespace zelorgas {
 // Opens the port if it is not open or was unplugged; false as Open says it.
 [[nodiscard]] bool OpenForUpdate(ModbusSerialPort& link);
 
-// Whom an update is about to change, when the connection has not found it out: vendor, product and
-// mode, and of an application also its versions and serial number. The messages of a failure are
-// the connection's.
-IdentifyOutcome ReadUpdateTarget(ModbusMaster& master, EcuIdentity& identity);
+// Lets every exchange be tried as often as a page's; undoes it when it goes.
+class MoreAttempts {
+ public:
+  explicit MoreAttempts(ModbusMaster& master);
+  MoreAttempts(const MoreAttempts&) = delete;
+  MoreAttempts& operator=(const MoreAttempts&) = delete;
+  ~MoreAttempts() { master_.SetAttemptCount(before_); }
 
-// The same on the document's port, which is opened first if it is not open or was unplugged.
+ private:
+  ModbusMaster& master_;
+  const std::uint16_t before_;
+};
+
+// Whom an update is about to change: vendor, product and mode, and of an application also its
+// versions and serial number. A bootloader is told to stay one. Opens the document's port if it is
+// not open or was unplugged. The messages of a failure are the connection's.
 IdentifyOutcome FindUpdateTarget(ClpgecuDoc& document, EcuIdentity& identity);
+
+inline constexpr std::string_view kAnotherTarget =
+    "Another ECU answers than the one in the question!\nNothing has been erased.";
+
+// Makes sure, right before something is done to it, that `identity` is still what answers. Fails
+// with kAnotherTarget, or as FindUpdateTarget does.
+IdentifyOutcome CheckUpdateTarget(ClpgecuDoc& document, const EcuIdentity& identity);
 
 // "ECU123456, software 00.39" or "bootloader P42V0T39M1B7": an ECU in a question.
 [[nodiscard]] std::string NameOfTarget(const EcuIdentity& identity);

@@ -49,6 +49,10 @@ std::uint16_t HighHalf(std::uint32_t value) { return static_cast<std::uint16_t>(
 mbFlasher::mbFlasher(ModbusMaster* master, Pause pause)
     : master_(master), pause_(std::move(pause)) {}
 
+bool mbFlasher::IsBlank(std::span<const std::uint8_t> data) {
+  return std::ranges::all_of(data, [](std::uint8_t byte) { return byte == kErased; });
+}
+
 bool mbFlasher::Check(ModbusResult result) {
   if (link_failure_ == ModbusResult::kOk) link_failure_ = result;
   return result == ModbusResult::kOk;
@@ -105,6 +109,10 @@ std::uint32_t mbFlasher::BlockEnd(std::uint16_t block) {
   return Run(kBlockEndCoil, kBlockEndResult, block);
 }
 
+std::uint32_t mbFlasher::KeptBlockEnd() {
+  return master_ == nullptr ? kNoMaster : ReadResult(kBlockEndResult);
+}
+
 std::uint32_t mbFlasher::BlankCheck(std::uint16_t block) { return Run(kBlankCoil, kResult, block); }
 
 std::uint32_t mbFlasher::Erase(std::uint16_t block) {
@@ -148,7 +156,7 @@ bool mbFlasher::LoadBuffer(std::uint16_t first_register, std::span<const std::ui
 
 std::uint32_t mbFlasher::Write(std::span<const std::uint8_t> data, std::uint32_t address) {
   if (master_ == nullptr) return kNoMaster;
-  if (std::ranges::all_of(data, [](std::uint8_t byte) { return byte == kErased; })) return 0;
+  if (IsBlank(data)) return 0;
   if (address != kKeepAddress) {
     const std::array<std::uint16_t, 2> words{LowHalf(address), HighHalf(address)};
     if (!Check(master_->WriteMultipleRegisters(ECU_SLAVE_ADDRESS, kAddressRegister, words))) {

@@ -31,6 +31,9 @@ class mbFlasher {  // NOLINT(readability-identifier-naming): the bootloader docu
   // `master` may be null. `pause` waits on the caller's thread.
   mbFlasher(ModbusMaster* master, Pause pause);
 
+  // True for data that erased flash holds anyway.
+  [[nodiscard]] static bool IsBlank(std::span<const std::uint8_t> data);
+
   // Erasing and writing need it. Without a master nothing happens and the result is kPortNotOpen.
   ModbusResult SetFlashMode(bool on);
 
@@ -40,12 +43,15 @@ class mbFlasher {  // NOLINT(readability-identifier-naming): the bootloader docu
   std::uint32_t BlockEnd(std::uint16_t block);    // last address of the block
   std::uint32_t BlankCheck(std::uint16_t block);  // 0: blank
   std::uint32_t Erase(std::uint16_t block);       // 0: erased
+  // The answer of the last BlockEnd once more, without the command. A bootloader that has restarted
+  // since has forgotten it.
+  std::uint32_t KeptBlockEnd();
   std::uint32_t BlockValue(std::uint16_t block);  // coil 11
   std::uint32_t StatusMask();  // bit i: status input i is on; flash mode ends off
   std::uint32_t Command14();
 
   // Writes `data` from `address` on, or from where the bootloader stands with kKeepAddress; 0 when
-  // written. Nothing is sent for data that erased flash holds anyway. A page that the bootloader
+  // written. Nothing is sent for blank data. A page that the bootloader
   // refuses, or whose result is lost, is tried again from the second half that was not sent as the
   // first: after that the flash does not hold `data` whatever the result (PageSpoilt). Ends with
   // the third failure in a row, or when nothing is left to send. Nothing is written, and the result

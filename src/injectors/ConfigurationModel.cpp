@@ -27,8 +27,10 @@ void ConfigurationModel::TakeFromImage() {
     const int index = entry ? static_cast<int>(*entry) : kNothingSelected;
     State(list) = {index, index};
   }
-  switch_mode_ = ValueOf(image, "PRESSURE_SENSOR_TPYE") == kSwitchSensorType;
-  if (switch_mode_) {
+  const bool has_switch = ValueOf(image, "PRESSURE_SENSOR_TPYE") == kSwitchSensorType;
+  if (ecu_has_switch_ != has_switch) switch_mode_ = has_switch;
+  ecu_has_switch_ = has_switch;
+  if (has_switch) {
     const std::uint16_t index = ValueOf(image, "ONOFF_PRESSURE_SENSOR_TPYE");
     if (index < GasPressureSensors().count()) {
       State(ChoiceList::kGasPressureSensor) = {index, index};
@@ -36,7 +38,7 @@ void ConfigurationModel::TakeFromImage() {
   }
   pressure_indicator_end_ = PressureIndicatorMaximum(ValueOf(image, "PGASMAX"));
   ShowLambdaAxis(Shown(ChoiceList::kLambdaRange));
-  refreshNozzleDiameter(kFromRegisterCopy);
+  ShowNozzleOfEcu();
 }
 
 ConfigurationModel::Outcome ConfigurationModel::Select(ChoiceList list, int index) {
@@ -84,7 +86,7 @@ bool ConfigurationModel::Write(const std::vector<RegisterWrite>& writes) {
 bool ConfigurationModel::WriteParameter(const Parameter& parameter, std::uint16_t value) {
   const std::uint16_t word = document_.Snapshot().RegisterCopy(parameter.Register());
   if (!Write({{parameter.Register(), parameter.PutInto(word, value)}})) return false;
-  if (parameter.name == "NOZZLEDIAM") refreshNozzleDiameter(kFromRegisterCopy);
+  if (parameter.name == "NOZZLEDIAM") ShowNozzleOfEcu();
   return true;
 }
 
@@ -112,9 +114,16 @@ void ConfigurationModel::refreshNozzleDiameter(std::uint16_t value) {
     nozzle_ = {};
     return;
   }
-  const std::uint16_t tenths =
-      value == kFromRegisterCopy ? Value(*FindParameter("NOZZLEDIAM")) : value;
-  nozzle_ = {true, tenths <= kTenthsOfOneMillimetre, tenths};
+  ShowDiameter(value == kFromRegisterCopy ? Value(*FindParameter("NOZZLEDIAM")) : value);
+}
+
+void ConfigurationModel::ShowNozzleOfEcu() {
+  if (ShownInjector() != nullptr) return refreshNozzleDiameter(kFromRegisterCopy);
+  ShowDiameter(Value(*FindParameter("NOZZLEDIAM")));
+}
+
+void ConfigurationModel::ShowDiameter(std::uint16_t tenths_mm) {
+  nozzle_ = {true, tenths_mm <= kTenthsOfOneMillimetre, tenths_mm};
 }
 
 void ConfigurationModel::ShowLambdaAxis(int index) {

@@ -58,10 +58,13 @@ class ConfigurationModel {
   // Whose values the ECU has; null when that is unknown.
   [[nodiscard]] const InjectorTypeRecord* AppliedInjector() const;
 
-  // The gas pressure comes from an on/off switch: what its list writes then. TakeFromImage finds it
-  // out by the sensor type 0, which no sensor has.
+  // The gas pressure comes from an on/off switch: what its list writes then. TakeFromImage finds
+  // out whether the ECU has a switch, by the sensor type 0, which no sensor has, and follows when
+  // that has changed; until then the person's decision stands.
   void SetSwitchMode(bool on) { switch_mode_ = on; }
   [[nodiscard]] bool SwitchMode() const { return switch_mode_; }
+  // Another ECU comes: what was decided for the old one ends with the next TakeFromImage.
+  void ForgetEcu() { ecu_has_switch_.reset(); }
 
   // Writes one parameter; those that share its register keep their bits. `value` is cut to the
   // parameter's bits. False when the ECU has not taken it: the person has been told, and Value
@@ -70,7 +73,8 @@ class ConfigurationModel {
   [[nodiscard]] std::uint16_t Value(const Parameter& parameter) const;
 
   // Shows `value`, tenths of a millimetre, in the nozzle field, or what NOZZLEDIAM holds. Nothing
-  // happens while no injector is selected.
+  // happens while no injector is selected. With an injector in the ECU that the catalogue does not
+  // know, TakeFromImage and WriteParameter show what NOZZLEDIAM holds.
   void refreshNozzleDiameter(std::uint16_t value);
   [[nodiscard]] const NozzleField& Nozzle() const { return nozzle_; }
 
@@ -87,9 +91,11 @@ class ConfigurationModel {
 
   // Which of the two routing maps a stored file carries. An index past them is ignored.
   void SelectRoutingMap(unsigned index) {
-    if (index < kRoutingMapCount) routing_map_ = index;
+    if (index < kRoutingMapCount) document_.SelectRoutingMap(index);
   }
-  [[nodiscard]] unsigned RoutingMap() const { return routing_map_; }
+  [[nodiscard]] unsigned RoutingMap() const {
+    return static_cast<unsigned>(document_.RoutingMap());
+  }
 
  private:
   struct ListState {
@@ -107,15 +113,17 @@ class ConfigurationModel {
   [[nodiscard]] bool Write(const std::vector<RegisterWrite>& writes);
   void AfterWriting(ChoiceList list, std::size_t entry);
   void ShowLambdaAxis(int index);
+  void ShowNozzleOfEcu();
+  void ShowDiameter(std::uint16_t tenths_mm);
 
   ClpgecuDoc& document_;
   MessageBoxes& boxes_;
   std::array<ListState, kChoiceLists.size()> lists_;
   bool switch_mode_ = false;
+  std::optional<bool> ecu_has_switch_;  // once it has been read
   NozzleField nozzle_;
   unsigned pressure_indicator_end_ = PressureIndicatorMaximum(0);
   double lambda_axis_volts_ = 1;
-  unsigned routing_map_ = 0;
 };
 
 }  // namespace zelorgas

@@ -1,5 +1,6 @@
-// What a fitter writes down about the vehicle. The ECU has no place for it: it is kept in the notes
-// of the stored file, one line a field. Pure functions.
+// What a fitter writes down about the vehicle. The ECU has no place for it: it is kept at the end
+// of the notes of the stored file, one line a field in the order of the fields. A line of the same
+// look elsewhere in the notes is the fitter's own. Pure functions.
 #pragma once
 
 #include <string>
@@ -16,9 +17,9 @@ struct VehicleData {
   friend bool operator==(const VehicleData&, const VehicleData&) = default;
 };
 
-// The notes with the vehicle's lines behind the text; lines of a vehicle that `notes` already has
-// are replaced. A field that is empty gets no line, and a line break inside a field becomes a
-// blank.
+// The notes with the vehicle's lines behind the text, unless they stand there already; nothing is
+// taken away. A field that is empty gets no line, and a line break inside a field becomes a blank.
+// An empty line keeps apart what would be taken for lines of this vehicle.
 [[nodiscard]] std::string NotesWithVehicle(std::string_view notes, const VehicleData& vehicle);
 
 // The vehicle that the notes name; empty fields where they do not.

@@ -16,10 +16,14 @@ using std::chrono::milliseconds;
 
 constexpr std::size_t kQueueSize = 1024;  // bytes in the driver's queues and in our buffers
 constexpr std::size_t kRtuBufferSize = 512;
+constexpr std::size_t kRtuCheckBytes = 2;
 constexpr std::size_t kRtuHead = 4;  // read first: enough to know that an answer has begun
 constexpr int kEchoLooks = 20;
 constexpr milliseconds kLongestRawTimeout = std::chrono::hours(1);
 constexpr std::uint8_t kStoredParity = 255;
+// An ECU that sends a late answer sends the next one right behind it: what follows an answer within
+// this time shows that it was the late one.
+constexpr milliseconds kLateAnswerWatch{100};
 
 milliseconds PerBaud(std::uint32_t millibits, std::uint32_t baud) {
   return milliseconds{baud == 0 ? 0 : millibits / baud};
@@ -85,6 +89,7 @@ bool ModbusSerialPort::Open(std::uint8_t port, std::uint32_t baud, std::uint8_t 
   device_ = std::move(device);
   open_framing_ = framing_;
   character_time_ = CharacterTime(line_);
+  answer_owed_ = false;
   open_ = true;
   lost_ = false;
   return true;
@@ -147,6 +152,15 @@ ModbusResult ModbusSerialPort::Exchange(std::span<const std::uint8_t> request,
     result = open_framing_ == FramingMode::kAscii
                  ? ExchangeAscii(request, response, received_length)
                  : ExchangeRtu(request, response, expected_length, received_length);
+    if (result == ModbusResult::kTimeOut || result == ModbusResult::kReadError) {
+      answer_owed_ = true;
+    } else if (result == ModbusResult::kOk && answer_owed_) {
+      if (MoreFollows(expected_length)) {
+        result = ModbusResult::kInvalidResponse;
+      } else {
+        answer_owed_ = false;
+      }
+    }
     if (trace_) trace_({FrameTrace::Direction::kReceived, clock_.Now(), answer_, result});
   }
   if (result != ModbusResult::kOk) {
@@ -311,6 +325,20 @@ ModbusResult ModbusSerialPort::RawTransfer(std::span<const std::uint8_t> bytes,
     if (*count == 1) received.push_back(byte[0]);
   }
   return ModbusResult::kOk;
+}
+
+// Whether something comes behind the answer that has just been read.
+bool ModbusSerialPort::MoreFollows(std::size_t expected_length) {
+  if (open_framing_ == FramingMode::kRtu && answer_.size() > expected_length + kRtuCheckBytes) {
+    return true;
+  }
+  const Clock::TimePoint end = clock_.Now() + kLateAnswerWatch;
+  while (clock_.Now() < end) {
+    if (device_->WaitForInput(1, SerialDevice::kWaitSlice)) return true;
+    if (DeviceGone()) return false;
+    if (slice_hook_) slice_hook_();
+  }
+  return false;
 }
 
 double ModbusSerialPort::LastTransactionSeconds() const {

@@ -60,6 +60,8 @@ class ModbusSerialPort : public ModbusMaster {
   //                    the port was unplugged
   //   kCrcError        the answer's check does not match
   //   0x8000 + code    the ECU's exception
+  //   kInvalidResponse after an exchange without an answer: two answers came, and one of them must
+  //                    be the late one
   //   kLockTimeOut     called from a slice hook, inside another exchange: nothing was sent
   // After every other result but kOk the failure pause passes before the lock is released.
   ModbusResult Exchange(std::span<const std::uint8_t> request, std::span<std::uint8_t> response,
@@ -134,6 +136,7 @@ class ModbusSerialPort : public ModbusMaster {
   ModbusResult ReadFailure();
   [[nodiscard]] bool DeviceGone() { return !device_->OutputQueueLength(); }
   void EndExchange();
+  [[nodiscard]] bool MoreFollows(std::size_t expected_length);
   void NoticeLostPort();
   void PauseAfterFailure();
   void StartStopwatch() { transaction_start_ = clock_.Now(); }
@@ -159,6 +162,7 @@ class ModbusSerialPort : public ModbusMaster {
   Clock::Duration character_time_{0};
   bool exchanging_ = false;
   bool close_after_exchange_ = false;
+  bool answer_owed_ = false;  // to a request that was given up: it may come while another waits
   std::atomic<bool> open_{false};
   std::atomic<bool> lost_{false};
   std::vector<std::uint8_t> frame_;  // what is sent

@@ -27,15 +27,22 @@ class CUndoStack {
  public:
   static constexpr std::size_t kSteps = 10;
 
-  // Drops the oldest step when there are kSteps. A step without records is none.
-  void Push(CItemStepList step);
+  struct Step {
+    CItemStepList points;
+    std::uint64_t action = 0;  // its number
+  };
+
+  // Drops the oldest step when there are kSteps. A step without records is none, and one of the
+  // newest step's action is a part of that: an action that was taken back in two goes, because some
+  // cells failed, stays one.
+  void Push(CItemStepList points, std::uint64_t action);
   // The newest step; without records when there is none.
-  [[nodiscard]] CItemStepList Pop();
+  [[nodiscard]] Step Pop();
   [[nodiscard]] bool Empty() const { return steps_.empty(); }
   void Clear() { steps_.clear(); }
 
  private:
-  std::deque<CItemStepList> steps_;  // the newest first
+  std::deque<Step> steps_;  // the newest first
 };
 
 }  // namespace zelorgas

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <limits>
+#include <string>
 #include <system_error>
 
 namespace zelorgas {
@@ -23,7 +24,10 @@ double OutOfRange(std::string_view number, bool negative) {
 
 }  // namespace
 
-std::optional<double> ParseDecimal(std::string_view text) {
+std::optional<double> ParseDecimal(std::string_view typed) {
+  std::string with_point(typed);
+  std::ranges::replace(with_point, ',', '.');
+  std::string_view text = with_point;
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);

@@ -1,5 +1,6 @@
-// Numbers as a person types and reads them, whatever the system's language: the point is ".". Pure
-// functions, for any thread.
+// Numbers as a person types and reads them, whatever the system's language: shown with a point,
+// taken with a point or a comma, which the keypad of many keyboards has. Pure functions, for any
+// thread.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +13,7 @@ namespace zelorgas {
 // The number that is the whole text; blanks before it and a sign are taken. Nothing for a text that
 // is no number, goes on after it, or says "inf" or "nan". A number too large for a double is the
 // largest one, one too small is 0.
-[[nodiscard]] std::optional<double> ParseDecimal(std::string_view text);
+[[nodiscard]] std::optional<double> ParseDecimal(std::string_view typed);
 
 // Without the blanks at both ends.
 [[nodiscard]] std::string_view Trimmed(std::string_view text);

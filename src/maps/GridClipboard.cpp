@@ -1,6 +1,5 @@
 #include "maps/GridClipboard.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "maps/DecimalNumber.h"
@@ -20,12 +19,6 @@ std::string_view NextPart(std::string_view& rest, char separator, bool& more) {
   const std::string_view part = rest.substr(0, end);
   rest.remove_prefix(more ? end + 1 : rest.size());
   return part;
-}
-
-std::optional<double> ParseField(std::string_view field) {
-  std::string number(Trimmed(field));
-  std::ranges::replace(number, ',', '.');
-  return ParseDecimal(number);
 }
 
 std::string Quantity(std::size_t count, const char* what) {
@@ -52,7 +45,7 @@ std::optional<Block> ParseBlock(std::string_view text, std::string& message) {
     bool more_fields = true;
     while (more_fields) {
       const std::string_view field = NextPart(line, '\t', more_fields);
-      const std::optional<double> value = ParseField(field);
+      const std::optional<double> value = ParseDecimal(Trimmed(field));
       if (!value) {
         message = "Row " + std::to_string(block.size()) + ", column " +
                   std::to_string(row.size() + 1) + " of the pasted text: \"" +

@@ -16,9 +16,9 @@ namespace zelorgas {
 [[nodiscard]] std::string CopyBlock(const GridMatrix& matrix, std::span<const GridCell> cells);
 
 // What pasting `text` makes of the grid: the block from the first row and column of the valid cells
-// on, or, when it is a single number, that in all of them. A decimal comma is taken too. Nothing,
-// and `message` for the person, when there is no text or no cell, a field is no number, the rows
-// differ in length, or the block does not fit.
+// on, or, when it is a single number, that in all of them. Nothing, and `message` for the person,
+// when there is no text or no cell, a field is no number, the rows differ in length, or the block
+// does not fit.
 [[nodiscard]] std::optional<CItemStepList> PlaceBlock(std::string_view text,
                                                       std::span<const GridCell> cells,
                                                       std::string& message);

@@ -128,7 +128,10 @@ std::string GridModel::Copy(std::span<const GridCell> cells) const {
 GridResult GridModel::Undo(const GridWatch& watch) { return TakeBack(undo_, redo_, watch); }
 GridResult GridModel::Redo(const GridWatch& watch) { return TakeBack(redo_, undo_, watch); }
 
-void GridModel::ForgetSteps() {
+void GridModel::ForgetEcu() {
+  axes_ = DefaultAxes();
+  matrix_ = DefaultCoefficients();
+  live_.Forget();
   undo_.Clear();
   redo_.Clear();
 }
@@ -157,16 +160,17 @@ GridResult GridModel::Do(const CItemStepList& points, const GridWatch& watch) {
   if (writing_ || points.empty()) return {.refused = true};
   Written written = WriteCells(points, Origin::kPerson, watch);
   if (!written.before.empty()) redo_.Clear();
-  undo_.Push(std::move(written.before));
+  undo_.Push(std::move(written.before), ++actions_);
   Tell(written.result);
   return std::move(written.result);
 }
 
 GridResult GridModel::TakeBack(CUndoStack& from, CUndoStack& to, const GridWatch& watch) {
   if (writing_ || from.Empty()) return {.refused = true};
-  Written written = WriteCells(from.Pop(), Origin::kEcu, watch);
-  from.Push(std::move(written.left));
-  to.Push(std::move(written.before));
+  const CUndoStack::Step step = from.Pop();
+  Written written = WriteCells(step.points, Origin::kEcu, watch);
+  from.Push(std::move(written.left), step.action);
+  to.Push(std::move(written.before), step.action);
   Tell(written.result);
   return std::move(written.result);
 }

@@ -100,8 +100,8 @@ class GridModel {
   GridResult Redo(const GridWatch& watch = {});
   [[nodiscard]] bool CanUndo() const { return !undo_.Empty(); }
   [[nodiscard]] bool CanRedo() const { return !redo_.Empty(); }
-  // For another ECU, whose cells the steps have never been.
-  void ForgetSteps();
+  // Everything as at the start: the cells, centres and steps were another ECU's.
+  void ForgetEcu();
 
   // Writes the columns' centres, then the rows', each in one request. An axis whose request failed
   // keeps its centres; that is told at the end.
@@ -134,6 +134,7 @@ class GridModel {
   AreaChange last_change_;
   CUndoStack undo_;
   CUndoStack redo_;
+  std::uint64_t actions_ = 0;
   bool writing_ = false;
   LiveMarker live_;
 };

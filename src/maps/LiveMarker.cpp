@@ -45,4 +45,10 @@ void LiveMarker::Hide() {
   trail_.clear();
 }
 
+void LiveMarker::Forget() {
+  Hide();
+  const std::lock_guard guard(lock_);
+  cell_ = {};
+}
+
 }  // namespace zelorgas

@@ -32,6 +32,8 @@ class LiveMarker {
   [[nodiscard]] std::vector<TrailPoint> Trail(Clock::TimePoint now) const;
   // The engine is out of sight: no marker, no trail. The live cell stays.
   void Hide();
+  // As if no engine had ever been seen.
+  void Forget();
 
  private:
   struct Stamped {

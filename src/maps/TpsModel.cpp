@@ -14,21 +14,21 @@ namespace {
 
 constexpr std::string_view kUnsignedRange = "whole number from 0 to 65535";
 constexpr std::string_view kSignedRange = "whole number from -32768 to 32767";
-constexpr std::string_view kTenthsRange = "number from 0 to 6553.4";
-constexpr double kLargestTenths = 6553.4;
+constexpr std::string_view kTenthsRange = "number from 0 to 6553.5";
+constexpr double kLargestTenths = 6553.5;
 constexpr double kHalfTenth = 0.05;
 
-// The whole number at the beginning of the text, with the unit behind it that the table shows.
+// The whole number that the text is, which may have its unit behind it.
 template <typename Integer>
-std::optional<std::uint16_t> ParseWhole(std::string_view text) {
+std::optional<std::uint16_t> ParseWhole(std::string_view text, std::string_view unit = {}) {
   text = Trimmed(text);
   if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   Integer value = 0;
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, value);
   if (error != std::errc()) return std::nullopt;
-  const std::string_view unit = Trimmed(text.substr(static_cast<std::size_t>(stop - text.data())));
-  if (!unit.empty() && unit != "%" && unit != "%/s") return std::nullopt;
+  const std::string_view rest = Trimmed(text.substr(static_cast<std::size_t>(stop - text.data())));
+  if (!rest.empty() && rest != unit) return std::nullopt;
   return static_cast<std::uint16_t>(value);
 }
 
@@ -72,7 +72,7 @@ bool TpsModel::EditCell(TpsTable table, TpsQuantity quantity, std::size_t band,
                         std::string_view text) {
   if (band >= kTpsBands) return false;
   return WriteWhole(CellRegister(table, quantity, band), text,
-                    IsSigned(quantity) ? Sign::kSigned : Sign::kUnsigned);
+                    IsSigned(quantity) ? Sign::kSigned : Sign::kUnsigned, UnitOf(quantity));
 }
 
 bool TpsModel::EditOutlet(TpsTable table, std::string_view text) {
@@ -100,7 +100,7 @@ bool TpsModel::WriteRegister(std::uint16_t reg, std::uint16_t value) {
 }
 
 bool TpsModel::WriteEndPoints(std::string_view closed, std::string_view full) {
-  if (Trimmed(closed).empty() || Trimmed(full).empty()) return false;
+  if (closed.empty() || full.empty()) return false;
   const std::optional<std::uint16_t> closed_word = ParseWhole<std::uint16_t>(closed);
   const std::optional<std::uint16_t> full_word = ParseWhole<std::uint16_t>(full);
   if (!closed_word || !full_word) {
@@ -112,10 +112,11 @@ bool TpsModel::WriteEndPoints(std::string_view closed, std::string_view full) {
       [&](LinkSession& session) { return session.WriteRegisters(kClosedThrottleRegister, words); });
 }
 
-bool TpsModel::WriteWhole(std::uint16_t reg, std::string_view text, Sign sign) {
+bool TpsModel::WriteWhole(std::uint16_t reg, std::string_view text, Sign sign,
+                          std::string_view unit) {
   const bool is_signed = sign == Sign::kSigned;
   const std::optional<std::uint16_t> word =
-      is_signed ? ParseWhole<std::int16_t>(text) : ParseWhole<std::uint16_t>(text);
+      is_signed ? ParseWhole<std::int16_t>(text, unit) : ParseWhole<std::uint16_t>(text, unit);
   if (word) return WriteRegister(reg, *word);
   Reject(text, is_signed ? kSignedRange : kUnsignedRange);
   return false;

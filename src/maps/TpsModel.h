@@ -37,22 +37,23 @@ class TpsModel {
   [[nodiscard]] std::string FullThrottleText() const;
 
   // Each writes one register and is true when the ECU has taken it; otherwise a message has said
-  // why. Whole numbers may be followed by the unit that the table shows. A text that is no number,
-  // or one that no register can hold, writes nothing; all else is for the ECU to judge.
+  // why. A number of the table may be followed by the unit that its row shows. A text that is no
+  // number, or one that no register can hold, writes nothing; all else is for the ECU to judge.
   bool EditCell(TpsTable table, TpsQuantity quantity, std::size_t band, std::string_view text);
   bool EditOutlet(TpsTable table, std::string_view text);
   bool SetEnabled(TpsTable table, bool enabled);
   bool EditIdle(std::size_t setting, std::string_view text);
   bool WriteRegister(std::uint16_t reg, std::uint16_t value);
 
-  // Both in one request. While one of them is empty nothing happens, without a word.
+  // Both in one request. While one of them is empty nothing happens, without a word; what is no
+  // number is told.
   bool WriteEndPoints(std::string_view closed, std::string_view full);
 
  private:
   enum class Sign : std::uint8_t { kSigned, kUnsigned };
 
   [[nodiscard]] std::uint16_t Word(std::uint16_t reg) const;
-  bool WriteWhole(std::uint16_t reg, std::string_view text, Sign sign);
+  bool WriteWhole(std::uint16_t reg, std::string_view text, Sign sign, std::string_view unit = {});
   template <typename Write>
   bool WriteInSession(Write write);
   void Reject(std::string_view text, std::string_view wanted);

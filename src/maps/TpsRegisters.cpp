@@ -47,10 +47,15 @@ std::uint16_t EnableRegister(TpsTable table) {
   return table == TpsTable::kAcceleration ? kEnableAcceleration : kEnableDeceleration;
 }
 
+std::string_view UnitOf(TpsQuantity quantity) {
+  if (quantity == TpsQuantity::kThreshold) return "%/s";
+  return quantity == TpsQuantity::kCorrection ? "%" : "";
+}
+
 std::string TpsCellText(TpsQuantity quantity, std::uint16_t word) {
   if (!IsSigned(quantity)) return std::to_string(word);
-  const char* const unit = quantity == TpsQuantity::kThreshold ? " %/s" : "%";
-  return std::to_string(static_cast<std::int16_t>(word)) + unit;
+  const char* const space = quantity == TpsQuantity::kThreshold ? " " : "";
+  return std::to_string(static_cast<std::int16_t>(word)) + space + std::string(UnitOf(quantity));
 }
 
 std::string IdleText(const IdleSetting& setting, std::uint16_t word) {

@@ -38,6 +38,8 @@ inline constexpr std::uint16_t kFullThrottleRegister = 308;
 [[nodiscard]] constexpr bool IsSigned(TpsQuantity quantity) {
   return quantity == TpsQuantity::kThreshold || quantity == TpsQuantity::kCorrection;
 }
+// What stands behind a number of the table: "%/s", "%" or nothing.
+[[nodiscard]] std::string_view UnitOf(TpsQuantity quantity);
 // A word as the table shows it: "-12 %/s", "-5%", "30".
 [[nodiscard]] std::string TpsCellText(TpsQuantity quantity, std::uint16_t word);
 

@@ -3,6 +3,7 @@
 // new one, complete. Any thread may call the functions.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -10,20 +11,31 @@
 
 namespace zelorgas {
 
-// Paths as people see them, in UTF-8.
+// Paths as people see them, in UTF-8; what cannot be said in it becomes the replacement character
+// on Windows and stays as it is elsewhere.
 [[nodiscard]] std::string PathText(const std::filesystem::path& path);
 [[nodiscard]] std::filesystem::path PathFromText(std::string_view utf8);
 
+// In bytes. No file of this program comes near: a recording of the longest time has half a
+// megabyte. What is larger was chosen by mistake.
+inline constexpr std::uintmax_t kLargestWholeFile = 16U << 20U;
+
 // Reads the file into `contents`. False, with the system's reason and `contents` as it was, when it
-// cannot be opened or read, is no regular file, or is larger than any file of this program.
+// cannot be opened or read, is no regular file, or has more than `largest` bytes.
 [[nodiscard]] bool ReadWholeFile(const std::filesystem::path& path, std::string& contents,
-                                 std::string& reason);
+                                 std::string& reason, std::uintmax_t largest = kLargestWholeFile);
 
 // Makes `contents` the whole file at `path`, in a folder that exists. False, with the system's
-// reason, when it could not: the old file is then untouched, or still absent. A link is followed,
-// one that leads nowhere, what is no regular file or may not be written is refused.
+// reason, when it could not: the old file is then untouched, or still absent; or the new one is in
+// its place, complete, and the reason says that a power failure may undo it. A link is followed,
+// one that leads nowhere, what is no regular file or may not be written is refused. What a killed
+// process has left behind at the same target is removed.
 [[nodiscard]] bool WriteWholeFile(const std::filesystem::path& path, std::string_view contents,
                                   std::string& reason);
+
+// True when WriteWholeFile may be expected to succeed there, for what takes long to come by. What
+// is at `path` is left alone.
+[[nodiscard]] bool CanWriteWholeFile(const std::filesystem::path& path, std::string& reason);
 
 // The single operations behind WriteWholeFile, so that a test can let each of them fail.
 class FileOperations {
@@ -50,8 +62,11 @@ class FileOperations {
   [[nodiscard]] virtual bool Rename(const std::filesystem::path& from,
                                     const std::filesystem::path& to, std::string& reason) = 0;
   virtual void Remove(const std::filesystem::path& path) = 0;
-  // Makes a rename in `folder` last, where the system can promise that.
-  virtual void SyncFolder(const std::filesystem::path& folder) = 0;
+  // Removes a file that Create has made, unless its Output is still open, here or elsewhere.
+  virtual void RemoveAbandoned(const std::filesystem::path& path) = 0;
+  // Makes a rename in `folder` last. True also where the system cannot promise that.
+  [[nodiscard]] virtual bool SyncFolder(const std::filesystem::path& folder,
+                                        std::string& reason) = 0;
   // True when a person who writes into the existing file at `path` would be allowed to.
   [[nodiscard]] virtual bool MayWrite(const std::filesystem::path& path) = 0;
 };

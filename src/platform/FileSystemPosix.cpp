@@ -1,7 +1,10 @@
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -57,6 +60,8 @@ class FileOperationsPosix final : public FileOperations {
     FileDescriptor file(RetryInterrupted(
         [&] { return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kReadWrite); }));
     if (!Check(file.Get(), reason)) return nullptr;
+    // Tells RemoveAbandoned that it is in use. A file system without locks has none there either.
+    static_cast<void>(::flock(file.Get(), LOCK_EX | LOCK_NB));
     struct stat old {};
     if (::stat(like.c_str(), &old) == 0) {
       static_cast<void>(::fchmod(file.Get(), old.st_mode & kPermissions));
@@ -67,16 +72,29 @@ class FileOperationsPosix final : public FileOperations {
     return Check(::rename(from.c_str(), to.c_str()), reason);
   }
   void Remove(const fs::path& path) override { ::unlink(path.c_str()); }
-  // Without it a power failure may undo the rename. Not every file system can do it.
-  void SyncFolder(const fs::path& folder) override {
+  void RemoveAbandoned(const fs::path& path) override {
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (file && ::flock(file.Get(), LOCK_EX | LOCK_NB) == 0) ::unlink(path.c_str());
+  }
+  // Without it a power failure may undo the rename. Some folders may be written and not read, and
+  // some file systems cannot do it at all: there it is as good as it gets.
+  bool SyncFolder(const fs::path& folder, std::string& reason) override {
+    constexpr std::array kCannot = {EACCES, EINVAL, EBADF, EROFS, ENOSYS, ENOTSUP, EOPNOTSUPP};
     const FileDescriptor opened(
         ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (opened) static_cast<void>(::fsync(opened.Get()));
+    const int result =
+        opened ? RetryInterrupted([&] { return ::fsync(opened.Get()); }) : opened.Get();
+    const int error = errno;
+    return Check(result, reason) || std::ranges::find(kCannot, error) != kCannot.end();
   }
   bool MayWrite(const fs::path& path) override { return ::access(path.c_str(), W_OK) == 0; }
 };
 
 }  // namespace
+
+std::string PathText(const fs::path& path) { return path.native(); }
+
+fs::path PathFromText(std::string_view utf8) { return utf8; }
 
 std::unique_ptr<FileOperations> MakeFileOperations() {
   return std::make_unique<FileOperationsPosix>();

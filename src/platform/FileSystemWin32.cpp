@@ -73,8 +73,10 @@ class FileOperationsWin32 final : public FileOperations {
         reason);
   }
   void Remove(const fs::path& path) override { ::DeleteFileW(path.c_str()); }
+  // The system keeps a file that is open elsewhere, since nobody shares it.
+  void RemoveAbandoned(const fs::path& path) override { Remove(path); }
   // The rename itself has gone through to the disk.
-  void SyncFolder(const fs::path&) override {}
+  bool SyncFolder(const fs::path&, std::string&) override { return true; }
   bool MayWrite(const fs::path& path) override {
     const DWORD attributes = ::GetFileAttributesW(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) == 0;
@@ -82,6 +84,10 @@ class FileOperationsWin32 final : public FileOperations {
 };
 
 }  // namespace
+
+std::string PathText(const fs::path& path) { return ToUtf8(path.native()); }
+
+fs::path PathFromText(std::string_view utf8) { return ToWide(utf8); }
 
 std::unique_ptr<FileOperations> MakeFileOperations() {
   return std::make_unique<FileOperationsWin32>();

@@ -77,7 +77,17 @@ void Bootloader::WriteCoil(std::uint16_t coil, bool on) {
   if (!on && was_on && coil == kFlashModeCoil && ImageStarts()) coils_[kStayCoil] = false;
 }
 
+void Bootloader::BeginWork(std::span<const std::uint8_t> area) {
+  const std::span<const std::uint8_t> half = area.subspan(area.size() / 2);
+  interrupted_ = HalfDone{static_cast<std::size_t>(half.data() - flash_.data()),
+                          std::vector<std::uint8_t>(half.begin(), half.end())};
+}
+
 void Bootloader::LosePower() {
+  if (interrupted_) {
+    std::ranges::copy(interrupted_->bytes, std::span(flash_).subspan(interrupted_->offset).begin());
+    interrupted_.reset();
+  }
   holding_ = {};
   inputs_ = {};
   coils_ = {};
@@ -151,6 +161,7 @@ std::uint32_t Bootloader::Erase(std::uint16_t block) {
   last_failed_ = flash.empty() || !coils_[kFlashModeCoil] || no_supply_ || failing_erases_ > 0;
   if (failing_erases_ > 0) --failing_erases_;
   if (last_failed_) return kFailure;
+  BeginWork(flash);
   std::ranges::fill(flash, kBlank);
   return 0;
 }
@@ -171,6 +182,7 @@ std::uint32_t Bootloader::WritePage() {
     last_failed_ = true;
     return kFailure;
   }
+  BeginWork(page);
   for (std::size_t i = 0; i < kPageSize; ++i) {
     const std::uint16_t word = holding_[kDataRegister + i / 2];
     page[i] = static_cast<std::uint8_t>(i % 2 == 0 ? word & 0xFFU : word >> 8U);

@@ -46,7 +46,10 @@ class Bootloader {
   [[nodiscard]] std::span<const std::uint16_t, kInputRegisters> Inputs() const { return inputs_; }
   [[nodiscard]] bool StatusInput(std::uint16_t input) const;
 
-  // A power cycle: the flash keeps what it holds, everything else is forgotten.
+  // The next request has come: what the flash was doing is done.
+  void FinishWork() { interrupted_.reset(); }
+  // A power cycle: the flash keeps what it holds, with what it was just doing left half done.
+  // Everything else is forgotten.
   void LosePower();
   // True when the flash holds a whole image: MakeImage's header agrees with what follows it.
   [[nodiscard]] bool ImageStarts() const;
@@ -63,6 +66,12 @@ class Bootloader {
   [[nodiscard]] static std::vector<std::uint8_t> MakeImage(std::size_t size, std::uint32_t seed);
 
  private:
+  // What becomes of `area` when the power fails before the next request: its second half as it is.
+  struct HalfDone {
+    std::size_t offset;
+    std::vector<std::uint8_t> bytes;
+  };
+  void BeginWork(std::span<const std::uint8_t> area);
   void Run(std::uint16_t coil);
   [[nodiscard]] std::uint32_t Erase(std::uint16_t block);
   [[nodiscard]] std::uint32_t WritePage();
@@ -70,6 +79,7 @@ class Bootloader {
   void SetResult(std::uint16_t first_register, std::uint32_t value);
 
   std::vector<std::uint8_t> flash_;
+  std::optional<HalfDone> interrupted_;
   std::array<std::uint16_t, kHoldingRegisters> holding_{};
   std::array<std::uint16_t, kInputRegisters> inputs_{};
   std::array<bool, kFlashModeCoil + 1> coils_{};

@@ -38,6 +38,7 @@ SimulatedEcu::SimulatedEcu(Clock& clock, SimulatedEcuOptions options)
     : clock_(clock),
       options_(std::move(options)),
       engine_(options_.seed),
+      serial_(options_.serial),
       started_(clock.Now()),
       now_(started_),
       block_(FactoryConfiguration()) {
@@ -48,10 +49,10 @@ SimulatedEcu::SimulatedEcu(Clock& clock, SimulatedEcuOptions options)
 }
 
 void SimulatedEcu::Boot(bool into_bootloader) {
+  bootloader_.LosePower();
   in_bootloader_ = into_bootloader || !bootloader_.ImageStarts();
   coils_ = {};
   coils_[kRestartCoil] = true;
-  bootloader_.LosePower();
 }
 
 bool SimulatedEcu::LeavesBootloader() const {
@@ -76,6 +77,7 @@ std::optional<std::vector<std::uint8_t>> SimulatedEcu::AnswerAt(
     std::span<const std::uint8_t> request, Clock::TimePoint when) {
   if (request.size() < 2 || request[0] != ECU_SLAVE_ADDRESS) return std::nullopt;
   const std::lock_guard guard(lock_);
+  bootloader_.FinishWork();
   if (when - now_ > kBootloaderPatience && LeavesBootloader()) Boot(false);
   now_ = when;
   engine_now_.reset();
@@ -204,9 +206,9 @@ std::optional<std::uint16_t> SimulatedEcu::InputRegister(std::uint16_t number) {
     case 33:
       return static_cast<std::uint16_t>((options_.software_major << 8U) | options_.software_minor);
     case 35:
-      return static_cast<std::uint16_t>(options_.serial & 0xFFFFU);
+      return static_cast<std::uint16_t>(serial_ & 0xFFFFU);
     case 36:
-      return static_cast<std::uint16_t>(options_.serial >> 16U);
+      return static_cast<std::uint16_t>(serial_ >> 16U);
     case 34:
     case 37:
     case 38:
@@ -296,6 +298,11 @@ void SimulatedEcu::SetRegister(std::uint16_t number, std::uint16_t value) {
 ConfigurationBlock SimulatedEcu::Block() const {
   const std::lock_guard guard(lock_);
   return block_;
+}
+
+void SimulatedEcu::SetSerial(std::uint32_t serial) {
+  const std::lock_guard guard(lock_);
+  serial_ = serial;
 }
 
 void SimulatedEcu::SetErrorCount(bool permanent, std::size_t code, std::uint16_t count) {

@@ -71,6 +71,8 @@ class SimulatedEcu final : private SlaveMap {
   [[nodiscard]] std::uint16_t Register(std::uint16_t number) const;  // of the configuration block
   void SetRegister(std::uint16_t number, std::uint16_t value);
   [[nodiscard]] ConfigurationBlock Block() const;
+  // As if another ECU were on the line.
+  void SetSerial(std::uint32_t serial);
   void SetErrorCount(bool permanent, std::size_t code, std::uint16_t count);
   [[nodiscard]] std::uint16_t ErrorCount(bool permanent, std::size_t code) const;
   [[nodiscard]] bool Coil(std::uint16_t number) const;
@@ -116,6 +118,7 @@ class SimulatedEcu final : private SlaveMap {
   const EngineModel engine_;
 
   mutable std::mutex lock_;
+  std::uint32_t serial_;
   Clock::TimePoint started_;
   Clock::TimePoint now_;                   // of the request that is executed, or the last one
   std::optional<EngineState> engine_now_;  // then, once somebody has asked

@@ -85,7 +85,7 @@ CBootDlg::CBootDlg(ClpgecuDoc& document, MessageBoxes& boxes, Images images, Sto
   versions_->setFocus();
 }
 
-CBootDlg::~CBootDlg() {
+void CBootDlg::WaitForEnd() {
   stop_waiting_ = true;
   // The update may still want to ask something. It is never left on its own.
   while (phase_ != Phase::kIdle) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -218,22 +218,34 @@ void CBootDlg::ShowImage() {
   const std::uintmax_t size = image != nullptr ? std::filesystem::file_size(image->path, error) : 0;
   file_->SetText(image != nullptr ? ToQString(PathText(image->path.filename())) : kNoValue);
   SetValue(image_, tr("Size"), image != nullptr && !error ? BytesText(size) : kNoValue);
-  ShowPhase(Phase::kIdle, found_.empty()
-                              ? tr("Put the firmware image (P042*.ebi) into the folder %1, then "
-                                   "look again.")
-                                    .arg(images_.folder)
-                              : tr("Switch the ignition on and leave the engine off. Charge a weak "
-                                   "battery, and keep the cable plugged in: once begun, the update "
-                                   "has to go through to its end."));
+  ShowIdle(found_.empty()
+               ? tr("Put the firmware image (P042*.ebi) into the folder %1, then look again.")
+                     .arg(images_.folder)
+               : tr("Switch the ignition on and leave the engine off. Charge a weak battery, and "
+                    "keep the cable plugged in: once begun, the update has to go through to its "
+                    "end."));
 }
 
 void CBootDlg::ShowEcu(const EcuIdentity& ecu) { SetValue(ecu_, tr("ECU"), EcuText(ecu)); }
 
-void CBootDlg::ShowPhase(Phase phase, const QString& hint, bool alert) {
+void CBootDlg::ShowIdle(const QString& hint) {
+  ShowPhase(Phase::kIdle, hint);
+  QFont font = hint_->font();
+  font.setBold(without_firmware_.has_value());
+  hint_->setFont(font);
+  if (!without_firmware_) return;
+  hint_->setText(*without_firmware_ == Outcome::kDone
+                     ? tr("The ECU has no firmware now. It waits in its bootloader: program a "
+                          "version before you drive.")
+                     : tr("The ECU may be without firmware now. It waits in its bootloader: put "
+                          "right what went wrong, then erase and program again."));
+}
+
+void CBootDlg::ShowPhase(Phase phase, const QString& hint) {
   phase_ = phase;
   hint_->setText(hint);
   QFont font = hint_->font();
-  font.setBold(alert);
+  font.setBold(false);
   hint_->setFont(font);
   const bool idle = phase == Phase::kIdle;
   versions_->setEnabled(idle && !found_.empty());
@@ -296,37 +308,28 @@ void CBootDlg::Begin(std::optional<std::filesystem::path> image) {
 void CBootDlg::FollowEnd() {
   worker_.reset();
   if (bar_->maximum() == 0) ShowNoProgress(/*busy=*/false);
+  // A firmware that runs has not been erased: this is another ECU than before, or a mended one.
+  if (found_running_ || programmed_) without_firmware_.reset();
+  if (erased_) {
+    flash_changed_ = true;
+    if (!programmed_) without_firmware_ = outcome_;
+  }
+  using End = FirmwareUpdate::End;
   if (application_runs_) {
-    end_ = FirmwareUpdate::End::kUpdated;
-  } else if (outcome_ != Outcome::kDeclined) {
-    end_ = FirmwareUpdate::End::kNotRunning;
+    end_ = programmed_ ? End::kUpdated : End::kUntouched;
+  } else if (application_left_) {
+    end_ = End::kNotRunning;
+  } else if (found_running_) {
+    end_ = End::kUntouched;
   }
-  const bool without_firmware = download_.FlashChanged() && !programmed_;
-  ShowPhase(Phase::kIdle, HintAfterUpdate(), without_firmware);
-  if (application_runs_) accept();
+  ShowIdle(programmed_ ? tr("The new firmware is in the ECU.") : tr("Nothing has been erased."));
+  if (end_ == End::kUpdated) accept();
   if (stop_waiting_) QDialog::reject();
-}
-
-QString CBootDlg::HintAfterUpdate() const {
-  switch (outcome_) {
-    case Outcome::kDone:
-      if (programmed_) return tr("The new firmware is in the ECU.");
-      return tr(
-          "The ECU has no firmware now. It waits in its bootloader: program a version before you "
-          "drive.");
-    case Outcome::kFailed:
-      if (!download_.FlashChanged()) break;
-      return tr(
-          "The ECU may be without firmware now. It waits in its bootloader: put right what "
-          "went wrong, then erase and program again.");
-    default:
-      break;
-  }
-  return tr("Nothing has been erased.");
 }
 
 void CBootDlg::Update(const std::optional<std::filesystem::path>& image) {
   outcome_ = Outcome::kFailed;
+  found_running_ = application_left_ = erased_ = false;
   programmed_ = false;
   application_runs_ = false;
   EcuIdentity ecu;
@@ -335,26 +338,32 @@ void CBootDlg::Update(const std::optional<std::filesystem::path>& image) {
     boxes_.Inform(found.message, MessageIcon::kError);
     return;
   }
+  found_running_ = !ecu.bootloader;
   calls_.Post([this, ecu] { ShowEcu(ecu); });
   outcome_ = image ? download_.Program(*image, ecu) : download_.Erase(ecu);
   programmed_ = image && outcome_ == Outcome::kDone;
-  if (!programmed_) return;
-  calls_.Post([this] {
-    ShowPhase(Phase::kStarting, tr("The new firmware is in the ECU, which is about to start it. "
-                                   "The program connects again by itself."));
-  });
+  application_left_ = download_.ApplicationLeft();
+  erased_ = download_.FlashChanged();
+  const bool comes_back = found_running_ && application_left_ && !erased_;
+  if (programmed_ || comes_back) AwaitApplication(programmed_);
+}
+
+void CBootDlg::AwaitApplication(bool updated) {
+  const auto show = [this](const QString& hint) {
+    calls_.Post([this, hint] { ShowPhase(Phase::kStarting, hint); });
+  };
+  show(updated ? tr("The new firmware is in the ECU, which is about to start it. The program "
+                    "connects again by itself.")
+               : tr("Nothing has been erased. The ECU is about to start its firmware again."));
+  const auto ignition_needed = [updated, show] {
+    show(updated ? tr("The new firmware is in the ECU. Switch the ignition off, wait ten seconds "
+                      "and switch it on again: the program then connects by itself.")
+                 : tr("Nothing has been erased, but the ECU waits in its bootloader. Switch the "
+                      "ignition off, wait ten seconds and switch it on again."));
+  };
   application_runs_ = WaitForApplication(
       document_,
-      {.ignition_needed =
-           [this] {
-             calls_.Post([this] {
-               ShowPhase(Phase::kStarting,
-                         tr("The new firmware is in the ECU. Switch the ignition off, wait ten "
-                            "seconds and switch it on again: the program then connects by "
-                            "itself."));
-             });
-           },
-       .stop_wanted = [this] { return stop_waiting_.load(); }});
+      {.ignition_needed = ignition_needed, .stop_wanted = [this] { return stop_waiting_.load(); }});
 }
 
 FirmwareHooks CBootDlg::Hooks(Store store) {
@@ -363,11 +372,11 @@ FirmwareHooks CBootDlg::Hooks(Store store) {
     calls_.Post([this, progress] { ShowProgress(progress); });
   };
   if (!store) return hooks;
-  hooks.store_configuration = [this, store = std::move(store)] {
+  hooks.store_configuration = [this, store = std::move(store)](const EcuIdentity& ecu) {
     std::optional<std::string> stored;
     calls_.Call([&] {
       ShowStatus(tr("Storing the configuration..."));
-      stored = store();
+      stored = store(ecu);
     });
     return stored;
   };

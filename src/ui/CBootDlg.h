@@ -36,21 +36,24 @@ class CBootDlg final : public QDialog {
     std::function<std::vector<FirmwareImage>()> find;
     QString folder;
   };
-  // Stores the configuration of the ECU that answers and gives the file's name; nothing when that
+  // Stores the configuration of `ecu`, which answers, and gives the file's name; nothing when that
   // failed. Runs on the user-interface thread, while the update waits for it.
-  using Store = std::function<std::optional<std::string>()>;
+  using Store = std::function<std::optional<std::string>(const EcuIdentity& ecu)>;
 
   // `ecu` is on the document's open port. The worker of the document does not run. Document and
   // boxes outlive the dialog.
   CBootDlg(ClpgecuDoc& document, MessageBoxes& boxes, Images images, Store store,
            const EcuIdentity& ecu, QWidget* parent);
-  // Waits until an update under way has ended.
-  ~CBootDlg() override;
+  ~CBootDlg() override { WaitForEnd(); }
 
+  // Returns when no update is under way; before that nothing below is certain.
+  void WaitForEnd();
   // What has become of the ECU.
   [[nodiscard]] FirmwareUpdate::End End() const { return end_; }
   // True when the last update has put an image into the ECU, whether it runs already or not.
   [[nodiscard]] bool Programmed() const { return programmed_; }
+  // True when any update has begun to erase.
+  [[nodiscard]] bool FlashChanged() const { return flash_changed_; }
 
   // Escape and the close button: not during an update.
   void reject() override;
@@ -70,8 +73,9 @@ class CBootDlg final : public QDialog {
   void ListImages();
   void ShowImage();
   void ShowEcu(const EcuIdentity& ecu);
-  // `alert`: the hint is about an ECU that does not work now.
-  void ShowPhase(Phase phase, const QString& hint, bool alert = false);
+  void ShowPhase(Phase phase, const QString& hint);
+  // With `hint`, unless the ECU is without firmware: then with what is to be done about that.
+  void ShowIdle(const QString& hint);
   void ShowStatus(const QString& text);
   void ShowProgress(const FlashProgress& progress);
   void ShowNoProgress(bool busy);
@@ -80,11 +84,10 @@ class CBootDlg final : public QDialog {
   // Starts the thread: programs `image`, or erases only when there is none.
   void Begin(std::optional<std::filesystem::path> image);
   void FollowEnd();
-  // What the person is to do after an update that did not end with a running application.
-  [[nodiscard]] QString HintAfterUpdate() const;
 
   // On the update's thread.
   void Update(const std::optional<std::filesystem::path>& image);
+  void AwaitApplication(bool updated);
   [[nodiscard]] FirmwareHooks Hooks(Store store);
 
   ClpgecuDoc& document_;
@@ -96,8 +99,14 @@ class CBootDlg final : public QDialog {
 
   std::vector<FirmwareImage> found_;
   Phase phase_ = Phase::kIdle;
+  bool flash_changed_ = false;
+  // Of an ECU that has been erased and not been programmed since.
+  std::optional<FirmwareDownload::Outcome> without_firmware_;
   // Written by the update's thread, read when it has ended.
   FirmwareDownload::Outcome outcome_ = FirmwareDownload::Outcome::kDeclined;
+  bool found_running_ = false;     // the ECU, in its application
+  bool application_left_ = false;  // it was ordered out of it
+  bool erased_ = false;            // or begun to be
   bool programmed_ = false;
   bool application_runs_ = false;
   std::atomic<bool> stop_waiting_{false};

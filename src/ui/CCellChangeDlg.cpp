@@ -2,6 +2,7 @@
 
 #include <QDialogButtonBox>
 #include <QGroupBox>
+#include <QLocale>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -34,7 +35,7 @@ CCellChangeDlg::CCellChangeDlg(AreaChange last, std::size_t cells, QWidget* pare
   modes_->button(static_cast<int>(last.mode))->setChecked(true);
 
   auto* const value_label = new QLabel(tr("&Value"), this);
-  value_ = new QLineEdit(QString::number(last.value), this);
+  value_ = new QLineEdit(QString::number(last.value, 'g', QLocale::FloatingPointShortest), this);
   value_->setObjectName("change_value");
   value_->setAccessibleName(tr("Value"));
   value_->setAlignment(Qt::AlignRight);
@@ -66,8 +67,7 @@ CCellChangeDlg::CCellChangeDlg(AreaChange last, std::size_t cells, QWidget* pare
 }
 
 std::optional<AreaChange> CCellChangeDlg::Change() const {
-  const std::string typed = value_->text().replace(',', '.').toStdString();
-  const std::optional<double> value = ParseDecimal(Trimmed(typed));
+  const std::optional<double> value = ParseDecimal(Trimmed(value_->text().toStdString()));
   if (!value) return std::nullopt;
   return AreaChange{static_cast<AreaMode>(modes_->checkedId()), *value};
 }

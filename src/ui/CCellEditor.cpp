@@ -9,20 +9,13 @@ CCellEditor::CCellEditor(QWidget* parent) : QLineEdit(parent) {
   setAlignment(Qt::AlignCenter);
   setContextMenuPolicy(Qt::NoContextMenu);
   hide();
-  // The keypad of many keyboards has a comma where the numbers here have a point.
-  connect(this, &QLineEdit::textEdited, this, [this](QString typed) {
-    if (!typed.contains(',')) return;
-    const int place = cursorPosition();
-    setText(typed.replace(',', '.'));
-    setCursorPosition(place);
-  });
 }
 
 void CCellEditor::Open(const QRect& cell, const QString& text, Start start) {
   start_ = start;
   open_ = true;
   setGeometry(cell);
-  setText(QString(text).replace(',', '.'));
+  setText(text);
   show();
   setFocus(Qt::OtherFocusReason);
   if (start == Start::kOpened) {

@@ -19,6 +19,8 @@ class CCellEditor final : public QLineEdit {
 
   void Open(const QRect& cell, const QString& text, Start start);
   [[nodiscard]] bool IsOpen() const { return open_; }
+  // The person has typed since it was opened.
+  [[nodiscard]] bool Typed() const { return start_ == Start::kTyped || isModified(); }
   // Takes what was typed.
   void Commit(int row_step, int column_step);
   void Cancel();

@@ -135,7 +135,8 @@ void CCellTable::FinishEditing(const QString& text, int row_step, int column_ste
   if (row_step != 0 || column_step != 0) {
     ChangeSelection([&] { selection_.MoveBy(row_step, column_step, false); });
   }
-  if (text != At(edited_).plain) emit Entered(edited_, text);
+  // The text on show says nothing about what is wanted: an earlier edit may still be on its way.
+  if (editor_->Typed()) emit Entered(edited_, text);
 }
 
 bool CCellTable::event(QEvent* event) {

@@ -21,7 +21,7 @@ class CCellTable : public QWidget {
   struct Shape {
     int rows;
     int columns;
-    QString widest_text;  // for which a cell has to have room
+    QString widest_text;  // as cells usually have it; that sets the size of all
     QString first_keys;   // the characters with which typing over a cell may begin
   };
   CCellTable(const QString& object_name, const QString& accessible_name, const Shape& shape,

@@ -10,7 +10,7 @@ namespace zelorgas {
 namespace {
 
 constexpr double kTextShareOfHeight = 0.52;
-constexpr double kTextShareOfWidth = 0.86;
+constexpr double kTextShareOfWidth = 0.92;
 constexpr double kLargestText = 1.6;  // of the widget's font
 constexpr double kSmallestText = 0.6;
 constexpr double kSelectionShare = 0.35;
@@ -102,9 +102,9 @@ void CCellTable::PaintHeaders(QPainter& painter, const QRegion& region) {
           column_headers_[static_cast<std::size_t>(column)],
           column >= selection_.First().column && column <= selection_.Last().column);
   }
-  painter.setPen(line);
-  painter.drawLine(width() - 1, 0, width() - 1, height() - 1);
-  painter.drawLine(0, height() - 1, width() - 1, height() - 1);
+  // Not as lines: on a finer screen those would leave a part of the edge unpainted.
+  painter.fillRect(width() - 1, 0, 1, height(), line);
+  painter.fillRect(0, height() - 1, width(), 1, line);
 }
 
 void CCellTable::PaintCells(QPainter& painter, const QRegion& region) {
@@ -112,7 +112,7 @@ void CCellTable::PaintCells(QPainter& painter, const QRegion& region) {
   const QColor empty = CardColour(palette());
   const QColor highlight = palette().color(QPalette::Active, QPalette::Highlight);
   const bool several = selection_.First() != selection_.Last();
-  painter.setFont(cell_font_);
+  const QFontMetricsF metrics(cell_font_);
   for (int row = 0; row < rows_; ++row) {
     for (int column = 0; column < columns_; ++column) {
       const QRect rect = CellRect({row, column});
@@ -128,6 +128,9 @@ void CCellTable::PaintCells(QPainter& painter, const QRegion& region) {
       painter.drawLine(rect.topRight(), rect.bottomRight());
       painter.drawLine(rect.bottomLeft(), rect.bottomRight());
       painter.setPen(isEnabled() ? TextOn(back) : CaptionColour(palette()));
+      // One that is wider than they usually are is written smaller, not cut off.
+      const bool fits = metrics.horizontalAdvance(cell.text) <= rect.width();
+      painter.setFont(fits ? cell_font_ : FittingFont(cell_font_, cell.text, rect.width()));
       painter.drawText(rect, Qt::AlignCenter | Qt::TextSingleLine, cell.text);
     }
   }

@@ -45,10 +45,14 @@ void CDifferenceTable::Show(const QString& first, const QString& second,
                                               .arg(first, second));
   table_->clear();
   table_->setHeaderLabels({tr("Value"), first, second});
+  const auto side = [](std::optional<std::uint16_t> raw, const std::string& text) {
+    return raw ? ToQString(text) : TranslatedMessage(text);
+  };
   for (const BlockDifference& difference : differences) {
-    auto* const row = new QTreeWidgetItem(
-        table_, {ToQString(difference.cell->Label()), ToQString(difference.first_text),
-                 ToQString(difference.second_text)});
+    auto* const row =
+        new QTreeWidgetItem(table_, {ToQString(difference.cell->Label()),
+                                     side(difference.first_raw, difference.first_text),
+                                     side(difference.second_raw, difference.second_text)});
     row->setToolTip(0, tr("Register %1").arg(RegisterOfWord(difference.cell->word)));
     row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     row->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);

@@ -44,6 +44,16 @@ void CEcuControl::SynchronizeAfterRestart() {
   Run([this] { SynchronizeNow(); });
 }
 
+void CEcuControl::ConnectAnew() {
+  Run([this] {
+    // The message may have waited behind a disconnection.
+    if (state_ != State::kConnected) return;
+    boxes_.Status("Another ECU answers. Connecting to it...");
+    DisconnectNow();
+    ConnectNow(std::string(port_name_), QString(port_text_));
+  });
+}
+
 void CEcuControl::Run(Task task) {
   tasks_.push_back(std::move(task));
   if (!busy_) RunQueued();
@@ -92,6 +102,7 @@ void CEcuControl::ConnectNow(const std::string& name, const QString& text) {
 }
 
 void CEcuControl::BeginOn(const std::string& name, const QString& text) {
+  port_name_ = name;
   port_text_ = text;
   counters_.Reset();
   SetState(State::kConnecting);

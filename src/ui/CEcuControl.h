@@ -57,6 +57,9 @@ class CEcuControl final : public QObject {
   // What the window wants from an ECU that has just been identified, before the polling begins.
   void SetIdentifiedHook(Task hook) { connection_.SetIdentifiedHook(std::move(hook)); }
 
+  // Another ECU answers than was connected to: connects to that one, with all that belongs to it.
+  void ConnectAnew();
+
   // Runs `task`, which may use the ECU, as soon as no procedure runs: now, or later on this thread.
   void Run(Task task);
   // The same for what must not hold up a procedure, such as a message box, and leaves the ECU
@@ -86,6 +89,7 @@ class CEcuControl final : public QObject {
 
   State state_ = State::kDisconnected;
   bool busy_ = false;
+  std::string port_name_;
   QString port_text_;
   std::deque<Task> tasks_;
   std::deque<Task> idle_tasks_;

@@ -22,7 +22,7 @@ void CEntryField::Restore() {
 void CEntryField::Commit() {
   if (!isModified()) return;
   setModified(false);
-  if (text() != shown_) emit Entered(text());
+  emit Entered(text());
 }
 
 void CEntryField::keyPressEvent(QKeyEvent* event) {

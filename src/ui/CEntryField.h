@@ -16,7 +16,8 @@ class CEntryField final : public QLineEdit {
   void Show(const QString& text);
 
  signals:
-  // The person has entered another text than the one shown.
+  // The person has entered this, the text on show perhaps: an earlier entry may still be on its
+  // way.
   void Entered(const QString& text);
 
  protected:

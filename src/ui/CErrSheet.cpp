@@ -9,19 +9,22 @@
 
 namespace zelorgas {
 
-CErrSheet::CErrSheet(ErrorSheet& sheet, QWidget* parent) : QTabWidget(parent) {
+CErrSheet::CErrSheet(ErrorLog& log, QWidget* parent) : QTabWidget(parent), log_(log) {
   setObjectName("error_sheet");
   setAccessibleName(tr("Stored errors"));
   for (const ErrorBank bank : {ErrorBank::kTemporary, ErrorBank::kPermanent}) {
     const QString title = TranslatedMessage(BankTitle(bank));
-    auto* const page = new CErrorPage(sheet.Page(bank), title, this);
+    auto* const page = new CErrorPage(log.Sheet().Page(bank), title, this);
     pages_[static_cast<std::size_t>(bank)] = page;
     addTab(page, title);
   }
 }
 
-void CErrSheet::ShowErrors(const QString& when_empty) {
-  for (CErrorPage* const page : pages_) page->ShowEntries(when_empty);
+void CErrSheet::ShowErrors() {
+  for (CErrorPage* const page : pages_) {
+    page->ShowEntries(log_.Known(page->Model().Bank()) ? tr("There are no errors.")
+                                                       : tr("The errors have not been read."));
+  }
   ShowHighlights();
 }
 

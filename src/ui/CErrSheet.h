@@ -5,7 +5,7 @@
 #include <QTabWidget>
 #include <array>
 
-#include "errors/ErrorPage.h"
+#include "errors/ErrorLog.h"
 #include "ui/CErrorPage.h"
 
 namespace zelorgas {
@@ -14,11 +14,11 @@ class CErrSheet final : public QTabWidget {
   Q_OBJECT
 
  public:
-  // `sheet` outlives the widget.
-  CErrSheet(ErrorSheet& sheet, QWidget* parent);
+  // `log` outlives the widget.
+  CErrSheet(ErrorLog& log, QWidget* parent);
 
-  // Shows what the model holds. `when_empty` stands in a list without entries.
-  void ShowErrors(const QString& when_empty);
+  // Shows what the log holds.
+  void ShowErrors();
 
   // The page in front.
   [[nodiscard]] ErrorPage& CurrentModel();
@@ -31,6 +31,7 @@ class CErrSheet final : public QTabWidget {
  private:
   void ShowHighlights();
 
+  const ErrorLog& log_;
   std::array<CErrorPage*, 2> pages_{};
 };
 

@@ -6,32 +6,22 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "platform/FileSystem.h"
+#include "config/Utf8Text.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
 namespace {
 
-constexpr int kPathRole = Qt::UserRole;
+constexpr int kFolderRole = Qt::UserRole;  // the place in folders_
 enum Column : int { kName, kModified, kNotes, kColumns };
-
-std::filesystem::path PathOf(const QTreeWidgetItem* item) {
-  return PathFromText(item->data(0, kPathRole).toString().toStdString());
-}
-
-void SetPath(QTreeWidgetItem* item, const std::filesystem::path& path) {
-  item->setData(0, kPathRole, ToQString(PathText(path)));
-}
 
 // What a file or a stranger's name says is never taken for markup, and does not fill the screen.
 QString PlainToolTip(const std::string& text) {
-  constexpr qsizetype kLongest = 1000;
-  return "<p style='white-space:pre-wrap'>" + ToQString(text).left(kLongest).toHtmlEscaped() +
-         "</p>";
+  return "<p style='white-space:pre-wrap'>" + ToQString(Shortened(text)).toHtmlEscaped() + "</p>";
 }
 
 // One line of the list, whatever the notes hold.
-QString OneLine(const std::string& text) { return ToQString(text).simplified(); }
+QString OneLine(const std::string& text) { return ToQString(Shortened(text)).simplified(); }
 
 }  // namespace
 
@@ -89,7 +79,7 @@ void CFileBrowser::Refresh() {
     const QSignalBlocker quiet(tree_);
     tree_->clear();
     auto* const top = new QTreeWidgetItem(tree_, {TranslatedMessage(kStorageTreeName)});
-    SetPath(top, root_);
+    folders_.clear();
     ShowFolder(ReadStorageFolders(root_), top);
     tree_->expandAll();
     SelectFolder(folder);
@@ -100,13 +90,18 @@ void CFileBrowser::Refresh() {
 }
 
 void CFileBrowser::ShowFolder(const StorageFolderEntry& folder, QTreeWidgetItem* item) {
+  item->setData(0, kFolderRole, static_cast<int>(folders_.size()));
+  folders_.push_back(folder.path);
   item->setIcon(0, style()->standardIcon(QStyle::SP_DirIcon));
   item->setToolTip(0, PlainToolTip(folder.problem.empty() ? folder.name : folder.problem));
   for (const StorageFolderEntry& inner : folder.folders) {
     auto* const child = new QTreeWidgetItem(item, {ToQString(inner.name)});
-    SetPath(child, inner.path);
     ShowFolder(inner, child);
   }
+}
+
+const std::filesystem::path& CFileBrowser::PathOf(const QTreeWidgetItem* item) const {
+  return folders_[static_cast<std::size_t>(item->data(0, kFolderRole).toInt())];
 }
 
 std::filesystem::path CFileBrowser::Folder() const {
@@ -135,7 +130,7 @@ void CFileBrowser::ListFiles() {
       const bool sound = file.problem.empty();
       auto* const row =
           new QTreeWidgetItem(list_, {ToQString(file.name), ToQString(ModifiedText(file)),
-                                      sound ? OneLine(file.notes) : ToQString(file.problem)});
+                                      sound ? OneLine(file.notes) : OneLine(file.problem)});
       row->setIcon(
           kName, style()->standardIcon(sound ? QStyle::SP_FileIcon : QStyle::SP_MessageBoxWarning));
       row->setToolTip(kName, PlainToolTip(file.name));

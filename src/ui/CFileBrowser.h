@@ -8,6 +8,7 @@
 #include <QWidget>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "config/StorageTree.h"
 
@@ -40,6 +41,7 @@ class CFileBrowser final : public QWidget {
  private:
   void ShowFolder(const StorageFolderEntry& folder, QTreeWidgetItem* item);
   void ListFiles();
+  [[nodiscard]] const std::filesystem::path& PathOf(const QTreeWidgetItem* item) const;
   [[nodiscard]] QTreeWidgetItem* FindFolder(const std::filesystem::path& folder) const;
 
   const std::filesystem::path root_;
@@ -47,6 +49,8 @@ class CFileBrowser final : public QWidget {
   QTreeWidget* tree_;
   QTreeWidget* list_;
   QLabel* problem_;
+  // Of the tree's items, by what each of them keeps: not every path can be said in a text.
+  std::vector<std::filesystem::path> folders_;
   StorageFiles files_;  // in the order of the list's rows
 };
 

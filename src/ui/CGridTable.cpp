@@ -21,7 +21,7 @@ GridCell ToGrid(TableCell cell) {
 }  // namespace
 
 CGridTable::CGridTable(GridModel& model, QWidget* parent)
-    : CCellTable("grid_table", tr("Correction grid"), {kSize, kSize, "0.00", "0123456789.,"},
+    : CCellTable("grid_table", tr("Correction grid"), {kSize, kSize, "0.00 ", "0123456789.,"},
                  parent),
       model_(model) {
   SetCorner(ToQString(kGridCornerText));

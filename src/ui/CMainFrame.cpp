@@ -15,6 +15,7 @@
 #include "platform/FileSystem.h"
 #include "platform/ProgramVersion.h"
 #include "ui/CAboutDlg.h"
+#include "ui/CSimulatedMenu.h"
 #include "ui/CTabConfiguration.h"
 #include "ui/CTabDiagnostics.h"
 #include "ui/CTabErrors.h"
@@ -98,7 +99,7 @@ void CMainFrame::MakePages() {
   view_->AddPage(TranslatedMessage(kTpsPageTitle), Needs::kLink,
                  [this](QWidget* parent) { return new CTabTPS(context_, parent); });
   view_->AddPage(tr("Oscilloscope"), Needs::kNothing, [this](QWidget* parent) {
-    return new CTabDiagnostics(context_, models_->Scope(), parent);
+    return new CTabDiagnostics(context_, models_->OpenScope(), parent);
   });
   view_->AddPage(tr("Errors"), Needs::kLink,
                  [this](QWidget* parent) { return new CTabErrors(context_, *models_, parent); });
@@ -179,53 +180,13 @@ void CMainFrame::MakeToolsMenu() {
                                   "port"));
   connect(firmware_action_, &QAction::triggered, &view_->StartPage(), &CTabStart::UpdateFirmware);
   menu->addSeparator();
-  QMenu* const simulated = menu->addMenu(tr("&Simulated ECU"));
-  simulated->setObjectName("simulated_menu");
-  simulated->setToolTipsVisible(true);
+  auto* const simulated = new CSimulatedMenu(context_, menu);
+  menu->addMenu(simulated);
   connect(menu, &QMenu::aboutToShow, this, [this, simulated] {
     simulated->setEnabled(context_.ports.IsSimulatedSelected());
     // The selected port may have gone or come back.
     FollowControl();
   });
-  QAction* const plug =
-      AddAction(simulated, "unplug_ecu_action", tr("&Unplug the ECU"), {},
-                tr("The ECU falls silent. Plugged in again, the link comes back by itself."));
-  plug->setCheckable(true);
-  connect(plug, &QAction::toggled, this,
-          [this](bool out) { context_.simulated.SetEcuUnplugged(out); });
-  QAction* const adapter =
-      AddAction(simulated, "unplug_adapter_action", tr("Unplug the &adapter"), {},
-                tr("The serial port vanishes. It is opened again once it is back."));
-  adapter->setCheckable(true);
-  connect(adapter, &QAction::toggled, this,
-          [this](bool out) { context_.simulated.SetAdapterUnplugged(out); });
-  QAction* const restart =
-      AddAction(simulated, "restart_ecu_action", tr("&Restart the ECU"), {},
-                tr("The ECU restarts; the program writes the configuration back."));
-  connect(restart, &QAction::triggered, this, [this] { context_.simulated.RestartEcu(); });
-  simulated->addSeparator();
-  QAction* const bootloader =
-      AddAction(simulated, "enter_bootloader_action", tr("Put it into its &bootloader"), {},
-                tr("As after an update that broke off: connecting then leads to the firmware "
-                   "update."));
-  connect(bootloader, &QAction::triggered, this, [this] { context_.simulated.EnterBootloader(); });
-  QAction* const image =
-      AddAction(simulated, "demo_image_action", tr("&Write a demo firmware image"), {},
-                tr("Puts an image for the simulated ECU, and no other, where the firmware update "
-                   "looks for images."));
-  connect(image, &QAction::triggered, this, &CMainFrame::WriteDemoImage);
-}
-
-void CMainFrame::WriteDemoImage() {
-  std::string problem;
-  const auto file = SimulatedBench::WriteDemoImage(context_.firmware.ImageFolder(), problem);
-  context_.boxes.Inform(
-      (file ? tr("The image was written to\n%1\nThe firmware update offers it for the simulated "
-                 "ECU only.")
-                  .arg(ToQString(PathText(*file)))
-            : tr("The image could not be written: %1").arg(ToQString(problem)))
-          .toStdString(),
-      file ? MessageIcon::kInformation : MessageIcon::kExclamation);
 }
 
 void CMainFrame::MakeHelpMenu() {
@@ -319,9 +280,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
     return;
   }
   close_wanted_ = false;
-  // What nobody has looked at is no recording.
-  if (findChild<CTabDiagnostics*>() != nullptr &&
-      !MayDropRecording(models_->Scope(), context_.boxes)) {
+  if (!MayDropRecording(models_->Scope(), context_.boxes)) {
     restart_wanted_ = false;
     event->ignore();
     return;

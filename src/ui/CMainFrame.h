@@ -52,7 +52,6 @@ class CMainFrame final : public QMainWindow {
   void OpenRecentFile(const std::string& file);
   // In the title and among the recent files.
   void NameDocument(const std::string& file);
-  void WriteDemoImage();
   void FollowControl();
   void ShowAbout();
   void RestoreLayout();

@@ -47,7 +47,7 @@ void CMapRefsDlg::AddColumn(QBoxLayout* columns, const QString& title, const QSt
 CMapRefsDlg::Texts CMapRefsDlg::TextsOf(const Fields& fields) {
   Texts texts;
   for (std::size_t i = 0; i < kGridSize; ++i) {
-    texts.at(i) = fields.at(i)->text().replace(',', '.').toStdString();
+    texts.at(i) = fields.at(i)->text().toStdString();
   }
   return texts;
 }

@@ -5,6 +5,7 @@
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/Colours.h"
 
@@ -13,6 +14,7 @@ namespace {
 
 constexpr double kZoomStep = 0.8;
 constexpr double kMoveStep = 0.1;  // of the range
+constexpr double kManySteps = 10;
 constexpr double kPictureScale = 2;
 constexpr int kPdfResolution = 96;
 constexpr double kLegendSize = 0.85;
@@ -52,14 +54,16 @@ CPlot::CPlot(const QString& object_name, const QString& accessible_name, QWidget
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(plot_);
-  setFocusProxy(nullptr);
-  setFocusPolicy(Qt::StrongFocus);
+  connect(plot_->xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
+          &CPlot::KeepWithinRange);
   connect(plot_, &QCustomPlot::mouseMove, this, [this](QMouseEvent* event) {
     if (plot_->axisRect()->rect().contains(event->pos())) {
       emit PointedAt(plot_->xAxis->pixelToCoord(event->pos().x()));
     }
   });
-  connect(plot_, &QCustomPlot::mousePress, this, [this] { setFocus(Qt::MouseFocusReason); });
+  connect(plot_, &QCustomPlot::mousePress, this, [this] {
+    if (interactive_) setFocus(Qt::MouseFocusReason);
+  });
   connect(plot_, &QCustomPlot::mouseDoubleClick, this, [this] { ResetRange(); });
   FollowPalette();
 }
@@ -84,16 +88,31 @@ void CPlot::SetRange(double left, double right, double bottom, double top) {
 void CPlot::SetDivisions(double major, double minor) {
   major_ = major;
   minor_ = minor;
+  divided_ = false;
   ShowDivisions();
+}
+
+bool CPlot::Zoomed() const {
+  constexpr double kWholeRange = 0.999;
+  return plot_->xAxis->range().size() < kWholeRange * (right_ - left_);
 }
 
 void CPlot::ShowDivisions() {
   // Zoomed in, fixed marks would lie too far apart.
-  if (interactive_ || major_ == 0) {
-    plot_->xAxis->setTicker(QSharedPointer<QCPAxisTicker>::create());
-  } else {
+  const bool divided = major_ != 0 && !Zoomed();
+  if (divided == divided_) return;
+  divided_ = divided;
+  if (divided) {
     plot_->xAxis->setTicker(QSharedPointer<DivisionTicker>::create(major_, minor_));
+  } else {
+    plot_->xAxis->setTicker(QSharedPointer<QCPAxisTicker>::create());
   }
+}
+
+// Beside it there is nothing to see.
+void CPlot::KeepWithinRange() {
+  plot_->xAxis->setRange(plot_->xAxis->range().bounded(left_, right_));
+  ShowDivisions();
 }
 
 void CPlot::ShowLegend() {
@@ -119,7 +138,6 @@ void CPlot::ShowLegend() {
 std::size_t CPlot::AddCurve(const QString& name, const QColor& colour, bool dashed) {
   QCPGraph* const curve = plot_->addGraph();
   curve->setName(name);
-  // Wider pens than one pixel cost several times as much to draw.
   curve->setPen(QPen(colour, 1, dashed ? Qt::DashLine : Qt::SolidLine));
   curves_.push_back(curve);
   return curves_.size() - 1;
@@ -127,6 +145,19 @@ std::size_t CPlot::AddCurve(const QString& name, const QColor& colour, bool dash
 
 void CPlot::SetPoints(std::size_t curve, const QVector<double>& x, const QVector<double>& y) {
   curves_[curve]->setData(x, y, true);
+}
+
+// A pen of width 1 is one pixel of the screen on every screen, and much cheaper to draw than any
+// other. Where the pixels are small it is too thin to be seen.
+void CPlot::ShowPens() {
+  constexpr double kFine = 1;
+  constexpr double kAsWideAsElsewhere = 1.01;
+  const double width = devicePixelRatioF() < 1.5 ? kFine : kAsWideAsElsewhere;
+  for (QCPGraph* const curve : curves_) {
+    QPen pen = curve->pen();
+    pen.setWidthF(width);
+    curve->setPen(pen);
+  }
 }
 
 void CPlot::ShowCurve(std::size_t curve, bool show) {
@@ -149,7 +180,7 @@ void CPlot::SetInteractive(bool on) {
   interactive_ = on;
   plot_->setInteraction(QCP::iRangeDrag, on);
   plot_->setInteraction(QCP::iRangeZoom, on);
-  ShowDivisions();
+  setFocusPolicy(on ? Qt::StrongFocus : Qt::NoFocus);
   if (!on) ResetRange();
 }
 
@@ -182,6 +213,7 @@ void CPlot::changeEvent(QEvent* event) {
 
 void CPlot::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
+  ShowPens();
   if (dirty_) Redraw();
 }
 
@@ -194,9 +226,14 @@ void CPlot::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Minus:
       return Zoom(1 / kZoomStep);
     case Qt::Key_Left:
-      return Move(-kMoveStep);
-    case Qt::Key_Right:
-      return Move(kMoveStep);
+    case Qt::Key_Right: {
+      const double direction = event->key() == Qt::Key_Left ? -1 : 1;
+      if (cursor_step_ == 0 || event->modifiers().testFlag(Qt::ControlModifier)) {
+        return Move(direction * kMoveStep);
+      }
+      const bool leap = event->modifiers().testFlag(Qt::ShiftModifier);
+      return MoveCursor(direction * cursor_step_ * (leap ? kManySteps : 1));
+    }
     case Qt::Key_Home:
       return ResetRange();
     default:
@@ -204,12 +241,23 @@ void CPlot::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+void CPlot::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  FollowPalette();
+}
+
+void CPlot::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  FollowPalette();
+}
+
 void CPlot::FollowPalette() {
+  const QColor axes = palette().color(hasFocus() ? QPalette::Highlight : QPalette::WindowText);
   const QColor text = palette().color(QPalette::WindowText);
   const QColor line = BorderColour(palette());
   plot_->setBackground(CardColour(palette()));
   for (QCPAxis* const axis : {plot_->xAxis, plot_->yAxis}) {
-    axis->setBasePen(QPen(text));
+    axis->setBasePen(QPen(axes));
     axis->setTickPen(QPen(text));
     axis->setSubTickPen(QPen(line));
     axis->setLabelColor(text);
@@ -228,12 +276,26 @@ void CPlot::FollowPalette() {
 void CPlot::ResetRange() {
   plot_->xAxis->setRange(left_, right_);
   plot_->yAxis->setRange(bottom_, top_);
+  ShowDivisions();
   Redraw();
 }
 
 void CPlot::Zoom(double factor) {
-  plot_->xAxis->scaleRange(factor);
+  const QCPRange shown = plot_->xAxis->range();
+  const double cursor = cursor_->point1->key();
+  const bool at_cursor = cursor_->visible() && shown.contains(cursor);
+  plot_->xAxis->scaleRange(factor, at_cursor ? cursor : shown.center());
   Redraw();
+}
+
+void CPlot::MoveCursor(double distance) {
+  const QCPRange shown = plot_->xAxis->range();
+  const double from = cursor_->visible() ? cursor_->point1->key() : shown.lower - distance;
+  const double to = std::clamp(from + distance, left_, right_);
+  if (!shown.contains(to)) {
+    plot_->xAxis->moveRange(to < shown.lower ? to - shown.lower : to - shown.upper);
+  }
+  emit PointedAt(to);
 }
 
 void CPlot::Move(double share_of_range) {

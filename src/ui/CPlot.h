@@ -26,8 +26,8 @@ class CPlot final : public QWidget {
   void SetAxisTitles(const QString& horizontal, const QString& vertical);
   // What the axes show when nobody has zoomed.
   void SetRange(double left, double right, double bottom, double top);
-  // How far apart the horizontal axis has its marks, and the smaller ones between them, while the
-  // plot cannot be zoomed.
+  // How far apart the horizontal axis has its marks, and the smaller ones between them, while
+  // nobody has zoomed.
   void SetDivisions(double major, double minor);
   // The names of the curves that there are in a line above the plot.
   void ShowLegend();
@@ -40,9 +40,11 @@ class CPlot final : public QWidget {
 
   // A vertical line at `x`; nothing takes it away.
   void SetCursor(std::optional<double> x);
+  // How far an arrow key points from the cursor; with Shift ten times as far.
+  void SetCursorStep(double step) { cursor_step_ = step; }
 
-  // Wheel and drag, and the keys plus, minus, arrows and Home. Switching it off returns to the
-  // range.
+  // Wheel and drag, and the keys plus, minus, Home and the arrows, with Control where they have a
+  // cursor to move. What is shown stays within the range. Switching it off returns to the range.
   void SetInteractive(bool on);
 
   // Soon, and once however often it is called; not while the plot is hidden.
@@ -53,20 +55,27 @@ class CPlot final : public QWidget {
   [[nodiscard]] bool SavePicture(const QString& path);
 
  signals:
-  // The person points at this place of the horizontal axis.
+  // The person points at this place of the horizontal axis, by mouse or keyboard.
   void PointedAt(double x);
 
  protected:
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  // The axes show that the keys work here.
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void FollowPalette();
+  void ShowPens();
   void ShowDivisions();
   void ResetRange();
   void Zoom(double factor);
   void Move(double share_of_range);
+  void MoveCursor(double distance);
+  [[nodiscard]] bool Zoomed() const;
+  void KeepWithinRange();
 
   QCustomPlot* plot_;
   QCPItemStraightLine* cursor_;
@@ -77,6 +86,8 @@ class CPlot final : public QWidget {
   double top_ = 1;
   double major_ = 0;  // 0: as it suits the range
   double minor_ = 0;
+  bool divided_ = false;    // into those divisions at this moment
+  double cursor_step_ = 0;  // 0: the arrow keys move the plot
   bool interactive_ = false;
   bool dirty_ = true;
 };

@@ -19,7 +19,10 @@ CProgressDlg::CProgressDlg(const QString& what, bool can_cancel, QWidget* parent
   bar_->setAccessibleName(what);
   bar_->setMinimumWidth(fontMetrics().averageCharWidth() * 50);
   auto* const layout = new QVBoxLayout(this);
-  layout->addWidget(new QLabel(what, this));
+  auto* const label = new QLabel(what, this);
+  // A file's name may be in it, and is not to be taken for markup.
+  label->setTextFormat(Qt::PlainText);
+  layout->addWidget(label);
   layout->addWidget(bar_);
   if (can_cancel_) {
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);

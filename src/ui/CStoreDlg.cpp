@@ -15,8 +15,8 @@
 
 namespace zelorgas {
 
-CStoreDlg::CStoreDlg(std::filesystem::path working_folder, QWidget* parent)
-    : QDialog(parent), working_folder_(std::move(working_folder)) {
+CStoreDlg::CStoreDlg(Settings& settings, std::filesystem::path working_folder, QWidget* parent)
+    : QDialog(parent), settings_(settings), working_folder_(std::move(working_folder)) {
   setObjectName("store_dialog");
   setWindowTitle(tr("Store the configuration"));
   heading_ = new QLabel(this);
@@ -26,6 +26,10 @@ CStoreDlg::CStoreDlg(std::filesystem::path working_folder, QWidget* parent)
   heading_->setFont(bold);
   detail_ = new QLabel(this);
   detail_->setObjectName("store_detail");
+  to_file_ = new QCheckBox(tr("Store in a &file"), this);
+  to_file_->setObjectName("store_to_file");
+  to_file_->setToolTip(tr("The next dialog begins with the same choice"));
+  to_file_->setChecked(settings_.SaveFile());
   gas_type_ = new QComboBox(this);
   gas_type_->setObjectName("store_gas_type");
   gas_type_->addItems({"LPG", "CNG"});
@@ -57,6 +61,7 @@ CStoreDlg::CStoreDlg(std::filesystem::path working_folder, QWidget* parent)
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(heading_);
   layout->addWidget(detail_);
+  layout->addWidget(to_file_);
   layout->addLayout(form, 1);
   layout->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -65,27 +70,53 @@ CStoreDlg::CStoreDlg(std::filesystem::path working_folder, QWidget* parent)
     ListBrands();
     Check();
   });
+  connect(to_file_, &QCheckBox::toggled, this, &CStoreDlg::Check);
   connect(brand_, &QComboBox::editTextChanged, this, &CStoreDlg::Check);
   connect(name_, &QLineEdit::textChanged, this, &CStoreDlg::Check);
   ListBrands();
   Check();
   resize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 24);
-  name_->setFocus();
+  if (WantsFile()) name_->setFocus();
 }
 
 void CStoreDlg::StartWith(const std::filesystem::path& file, const std::string& notes) {
-  const std::filesystem::path brand = file.parent_path();
-  const bool natural = brand.parent_path().filename() == "CNG";
-  gas_type_->setCurrentIndex(natural ? static_cast<int>(kNaturalGas) : 0);
-  const auto expected =
-      StorageFolder(working_folder_, natural ? kNaturalGas : 0, PathText(brand.filename()));
-  if (brand == expected) brand_->setEditText(ToQString(PathText(brand.filename())));
-  name_->setText(ToQString(PathText(file.stem())));
+  const std::filesystem::path folder = file.parent_path();
+  const std::string brand = PathText(folder.filename());
+  const unsigned gas = folder.parent_path().filename() == "CNG" ? kNaturalGas : 0;
+  if (NameProblem(brand).empty() && folder == StorageFolder(working_folder_, gas, brand)) {
+    gas_type_->setCurrentIndex(static_cast<int>(gas));
+    brand_->setEditText(ToQString(brand));
+  } else {
+    own_folder_ = folder;
+    gas_type_->addItem(
+        tr("As before: %1").arg(ToQString(PathText(folder.lexically_relative(working_folder_)))));
+    gas_type_->setCurrentIndex(gas_type_->count() - 1);
+  }
+  // With the ending: its case is kept, and "a.fob.fob" is not taken for "a.fob".
+  name_->setText(ToQString(PathText(file.filename())));
   notes_->setPlainText(ToQString(notes));
   Check();
 }
 
+void CStoreDlg::accept() {
+  settings_.SetSaveFile(WantsFile());
+  QDialog::accept();
+}
+
+bool CStoreDlg::InOwnFolder() const {
+  return !own_folder_.empty() && gas_type_->currentIndex() == gas_type_->count() - 1;
+}
+
+std::filesystem::path CStoreDlg::Folder(std::string& problem) const {
+  if (InOwnFolder()) return own_folder_;
+  const std::string brand = brand_->currentText().toStdString();
+  problem = brand.empty() ? std::string() : NameProblem(brand);
+  if (!problem.empty()) return {};
+  return StorageFolder(working_folder_, static_cast<unsigned>(gas_type_->currentIndex()), brand);
+}
+
 void CStoreDlg::ListBrands() {
+  if (InOwnFolder()) return;
   const QString kept = brand_->currentText();
   const auto folder =
       StorageFolder(working_folder_, static_cast<unsigned>(gas_type_->currentIndex()))
@@ -102,23 +133,33 @@ void CStoreDlg::ListBrands() {
 }
 
 void CStoreDlg::Check() {
-  const std::string brand = brand_->currentText().toStdString();
-  std::string problem = brand.empty() ? std::string() : NameProblem(brand);
-  file_.clear();
-  if (problem.empty()) {
-    const auto folder =
-        StorageFolder(working_folder_, static_cast<unsigned>(gas_type_->currentIndex()), brand);
-    file_ = StorageFile(folder, name_->text().toStdString(), kConfigurationExtension, problem)
-                .value_or(std::filesystem::path());
+  for (QWidget* const field : {static_cast<QWidget*>(gas_type_), static_cast<QWidget*>(name_),
+                               static_cast<QWidget*>(notes_)}) {
+    field->setEnabled(WantsFile());
   }
-  const StoreDialogTexts texts = TextsOfStoreDialog(StoreTargetOf(file_));
+  brand_->setEnabled(WantsFile() && !InOwnFolder());
+  file_.clear();
+  std::string problem;
+  StoreTarget target = StoreTarget::kNone;
+  if (WantsFile()) {
+    const std::filesystem::path folder = Folder(problem);
+    if (problem.empty()) {
+      file_ = StorageFile(folder, name_->text().toStdString(), kConfigurationExtension, problem)
+                  .value_or(std::filesystem::path());
+    }
+    target = StoreTargetOf(file_);
+    if (target == StoreTarget::kNew && !name_->isModified()) target = StoreTarget::kSuggested;
+  }
+  const StoreDialogTexts texts = TextsOfStoreDialog(target);
   heading_->setText(TranslatedMessage(texts.heading));
   detail_->setText(TranslatedMessage(texts.detail));
+  detail_->setVisible(!texts.detail.empty());
   name_label_->setText(TranslatedMessage(texts.name_label));
   notes_label_->setText(TranslatedMessage(texts.notes_label));
   notes_->setPlaceholderText(TranslatedMessage(texts.notes_hint));
   place_->setText(ToQString(problem.empty() ? PathText(file_) : problem));
-  ok_->setEnabled(!file_.empty());
+  ok_->setText(WantsFile() ? tr("&Store") : tr("&OK"));
+  ok_->setEnabled(!WantsFile() || !file_.empty());
 }
 
 }  // namespace zelorgas

@@ -2,6 +2,7 @@
 // User-interface thread.
 #pragma once
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
@@ -11,28 +12,41 @@
 #include <filesystem>
 #include <string>
 
+#include "app/Settings.h"
+
 namespace zelorgas {
 
 class CStoreDlg final : public QDialog {
   Q_OBJECT
 
  public:
-  // `working_folder` holds the storage.
-  CStoreDlg(std::filesystem::path working_folder, QWidget* parent);
+  // `settings`, which outlives the dialog, keeps whether a file is wanted; `working_folder` holds
+  // the storage.
+  CStoreDlg(Settings& settings, std::filesystem::path working_folder, QWidget* parent);
 
-  // Begins with an existing file of the storage: its place, its name and its notes.
+  // Begins with an existing file of the storage, in whatever folder: its place, its name and its
+  // notes.
   void StartWith(const std::filesystem::path& file, const std::string& notes);
 
-  // Empty as long as nothing can be stored under the name.
+  [[nodiscard]] bool WantsFile() const { return to_file_->isChecked(); }
+  // Empty as long as no file is wanted, or nothing can be stored under the name.
   [[nodiscard]] const std::filesystem::path& File() const { return file_; }
   [[nodiscard]] std::string Notes() const { return notes_->toPlainText().toStdString(); }
 
+  void accept() override;
+
  private:
   void ListBrands();
+  // The folder that is chosen; empty, with the reason in `problem`, when there can be no such one.
+  [[nodiscard]] std::filesystem::path Folder(std::string& problem) const;
+  [[nodiscard]] bool InOwnFolder() const;
   // What is typed, and what it means.
   void Check();
 
+  Settings& settings_;
   const std::filesystem::path working_folder_;
+  std::filesystem::path own_folder_;  // of the existing file, where no gas and no brand says it
+  QCheckBox* to_file_;
   QLabel* heading_;
   QLabel* detail_;
   QComboBox* gas_type_;

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPaintEvent>
+#include <QtMath>
 #include <cmath>
 
 #include "ui/Colours.h"
@@ -55,7 +56,7 @@ void CSurface::PaintAnew() {
 
 void CSurface::PaintPicture() {
   const qreal ratio = devicePixelRatioF();
-  picture_ = QPixmap((QSizeF(size()) * ratio).toSize());
+  picture_ = QPixmap(qCeil(width() * ratio), qCeil(height() * ratio));
   picture_.setDevicePixelRatio(ratio);
   picture_.fill(CardColour(palette()));
   QPainter painter(&picture_);

@@ -1,6 +1,8 @@
 #include "ui/CTPSgen.h"
 
+#include <QEvent>
 #include <QFormLayout>
+#include <QShortcut>
 
 #include "config/Parameters.h"
 #include "ui/Text.h"
@@ -43,20 +45,34 @@ QLineEdit* CTPSgen::MakeField(std::string_view parameter) {
   field->setAlignment(Qt::AlignRight);
   field->setMinimumWidth(fontMetrics().horizontalAdvance("000000000"));
   connect(field, &QLineEdit::returnPressed, this, &CTPSgen::Write, Qt::QueuedConnection);
+  auto* const escape = new QShortcut(Qt::Key_Escape, field);
+  escape->setContext(Qt::WidgetShortcut);
+  connect(escape, &QShortcut::activated, this, [this, field] {
+    field->setModified(false);
+    ShowValues();
+    field->selectAll();
+  });
   return field;
 }
 
 void CTPSgen::Write() {
-  access_.Run([this](TpsModel& model) {
-    const std::string closed = closed_->text().toStdString();
-    const std::string full = full_->text().toStdString();
-    // What is typed stays until both are there; then the fields show what the ECU has, whatever
-    // comes of it.
-    const bool incomplete = closed.empty() || full.empty();
-    closed_->setModified(incomplete);
-    full_->setModified(incomplete);
-    model.WriteEndPoints(closed, full);
-  });
+  const std::string closed = closed_->text().toStdString();
+  const std::string full = full_->text().toStdString();
+  // What is typed stays until both are there; then the fields show what the ECU has, whatever comes
+  // of it.
+  const bool incomplete = closed.empty() || full.empty();
+  closed_->setModified(incomplete);
+  full_->setModified(incomplete);
+  access_.Run([closed, full](TpsModel& model) { model.WriteEndPoints(closed, full); });
+}
+
+void CTPSgen::changeEvent(QEvent* event) {
+  CCard::changeEvent(event);
+  if (event->type() != QEvent::EnabledChange || isEnabled()) return;
+  // The link has gone. What was typed for this ECU is not for the next one.
+  closed_->setModified(false);
+  full_->setModified(false);
+  ShowValues();
 }
 
 void CTPSgen::ShowValues() {

@@ -17,10 +17,14 @@ class CTPSgen final : public CCard {
  public:
   CTPSgen(const TpsAccess& access, QWidget* parent);
 
-  // What the model holds now, where the person has not typed something else meanwhile.
+  // What the model holds now, where the person has not typed something else meanwhile: Escape, and
+  // the end of the link, bring the ECU's reading back.
   void ShowValues();
   void ShowLive(const EcuImage& image);
   void SetBusy(bool busy) { write_->setEnabled(!busy); }
+
+ protected:
+  void changeEvent(QEvent* event) override;
 
  private:
   QLineEdit* MakeField(std::string_view parameter);

@@ -47,6 +47,7 @@ CTabDiagnostics::CTabDiagnostics(UiContext& context, Oscilloscope& oscilloscope,
   plot_ = new CPlot("scope_plot", tr("Graph of the live signals"), this);
   plot_->setPalette(ScreenPalette());
   plot_->SetAxisTitles(tr("Seconds before the newest sample"), QString());
+  plot_->SetCursorStep(kScopeSamplePeriodSeconds);
   for (const ScopeChannelInfo& info : ScopeChannelTable()) {
     plot_->AddCurve(ToQString(info.name), QColor(info.red, info.green, info.blue));
   }
@@ -93,7 +94,11 @@ QWidget* CTabDiagnostics::MakeTools() {
   layout->addSpacing(fontMetrics().height());
   layout->addWidget(label);
   layout->addWidget(span_);
-  layout->addStretch(1);
+  layout->addSpacing(fontMetrics().height());
+  hint_ = new CElidedLabel(tools);
+  hint_->setObjectName("scope_hint");
+  hint_->SetCaption(tr("Hint"), {});
+  layout->addWidget(hint_, 1);
   const QPushButton* const save =
       button("scope_save", tr("Sa&ve..."), tr("Saves the recording and its notes to a file"));
   const QPushButton* const load =
@@ -181,9 +186,11 @@ void CTabDiagnostics::ShowControls() {
   run_->setText(recording ? tr("&Stop") : tr("&Run"));
   run_->setToolTip(recording ? tr("Stops recording; the graph can then be zoomed and read out")
                              : tr("Goes on recording"));
-  const double scale = oscilloscope_.TimeScale();
-  span_->ShowSpan(oscilloscope_.SpanSeconds(),
-                  scale<Oscilloscope::kLargestTimeScale, scale> Oscilloscope::kSmallestTimeScale);
+  hint_->SetText(recording ? QString()
+                           : tr("Mouse or arrow keys: read out. Wheel or + -: zoom. Drag: move."));
+  const bool can_double = oscilloscope_.TimeScale() < Oscilloscope::kLargestTimeScale;
+  const bool can_halve = oscilloscope_.TimeScale() > Oscilloscope::kSmallestTimeScale;
+  span_->ShowSpan(oscilloscope_.SpanSeconds(), can_double, can_halve);
   plot_->SetDivisions(oscilloscope_.MajorDivisionSeconds(), oscilloscope_.MinorDivisionSeconds());
   plot_->SetInteractive(!recording);
 }
@@ -214,8 +221,8 @@ void CTabDiagnostics::ToggleChannel(std::size_t channel, bool shown) {
 void CTabDiagnostics::ReadOutAt(double seconds) {
   if (oscilloscope_.Recording()) return;
   // On the sample that is read out.
-  cursor_ =
-      std::round(std::max(seconds, 0.0) / kScopeSamplePeriodSeconds) * kScopeSamplePeriodSeconds;
+  const double place = std::clamp(seconds, 0.0, oscilloscope_.SpanSeconds());
+  cursor_ = std::round(place / kScopeSamplePeriodSeconds) * kScopeSamplePeriodSeconds;
   plot_->SetCursor(cursor_);
   ShowReadOut();
 }
@@ -273,10 +280,19 @@ void CTabDiagnostics::AskForFileToLoad() {
 }
 
 void CTabDiagnostics::AskForExport() {
-  const QString file = QFileDialog::getSaveFileName(
-      this, tr("Export"), QString(),
-      tr("Picture (*.png);;Document (*.pdf);;Comma-separated values (*.csv)"));
-  if (!file.isEmpty()) Export(file);
+  QFileDialog dialog(this, tr("Export"));
+  dialog.setObjectName("scope_export_dialog");
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setNameFilters(
+      {tr("Picture (*.png)"), tr("Document (*.pdf)"), tr("Comma-separated values (*.csv)")});
+  // A name without an ending gets that of the type that is chosen.
+  const auto follow_type = [&dialog](const QString& type) {
+    const qsizetype ending = type.lastIndexOf("*.") + 2;
+    dialog.setDefaultSuffix(type.mid(ending, type.lastIndexOf(')') - ending));
+  };
+  connect(&dialog, &QFileDialog::filterSelected, this, follow_type);
+  follow_type(dialog.selectedNameFilter());
+  if (dialog.exec() == QDialog::Accepted) Export(dialog.selectedFiles().constFirst());
 }
 
 }  // namespace zelorgas

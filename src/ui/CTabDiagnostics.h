@@ -13,6 +13,7 @@
 #include "diag/Oscilloscope.h"
 #include "ui/CChannelRow.h"
 #include "ui/CEcuPage.h"
+#include "ui/CElidedLabel.h"
 #include "ui/CPlot.h"
 #include "ui/CTimeSpin.h"
 #include "ui/UiContext.h"
@@ -54,6 +55,7 @@ class CTabDiagnostics final : public CEcuPage {
   std::array<CChannelRow*, kScopeChannels> channels_{};
   QPushButton* run_ = nullptr;
   CTimeSpin* span_ = nullptr;
+  CElidedLabel* hint_ = nullptr;
   QLabel* place_ = nullptr;
   QPlainTextEdit* notes_;
   std::optional<double> cursor_;  // seconds before the newest sample, while stopped

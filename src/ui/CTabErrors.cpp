@@ -9,7 +9,7 @@ CTabErrors::CTabErrors(UiContext& context, PageModels& models, QWidget* parent)
     : CEcuPage(parent), context_(context), models_(models) {
   setObjectName("errors_page");
   setAccessibleName(tr("Errors"));
-  sheet_ = new CErrSheet(models_.Errors().Sheet(), this);
+  sheet_ = new CErrSheet(models_.Errors(), this);
   commands_ = new QHBoxLayout;
   AddCommand("refresh_errors", tr("&Refresh"), tr("Reads the stored errors from the ECU again"),
              &CTabErrors::Refresh);
@@ -52,16 +52,13 @@ QAction* CTabErrors::AddCommand(const QString& object_name, const QString& text,
   return action;
 }
 
-void CTabErrors::ShowImage() {
-  sheet_->ShowErrors(models_.ErrorsKnown() ? tr("There are no errors.")
-                                           : tr("The errors have not been read."));
-}
+void CTabErrors::ShowImage() { sheet_->ShowErrors(); }
 
 void CTabErrors::Refresh() {
   context_.control.Run([this] {
     // What is read again is not to be taken for what the ECU has.
-    models_.Errors().Sheet().clear();
-    sheet_->ShowErrors({});
+    models_.Errors().Forget();
+    sheet_->ShowErrors();
     models_.ReadErrors();
   });
 }

@@ -6,6 +6,7 @@
 #include "app/StoreProcedure.h"
 #include "config/ConfigurationFile.h"
 #include "config/StoragePaths.h"
+#include "config/Utf8Text.h"
 #include "platform/FileSystem.h"
 #include "ui/CFileDlg.h"
 #include "ui/CProgressDlg.h"
@@ -118,8 +119,15 @@ void CTabFiles::FollowSelection() {
   if (selected != file_) below_->setCurrentIndex(0);
   file_ = selected;
   name_->setText(file == nullptr ? tr("No file is selected.") : ToQString(file->name));
-  notes_->setPlainText(file == nullptr ? QString() : ToQString(file->notes));
+  ShowNotes(file == nullptr ? std::string() : file->notes);
   ShowButtons();
+}
+
+void CTabFiles::ShowNotes(const std::string& notes) {
+  // More is no person's, and takes the window seconds to lay out.
+  constexpr std::size_t kLongest = 65'536;
+  constexpr std::size_t kMostLines = 4'000;
+  notes_->setPlainText(ToQString(Shortened(notes, kLongest, kMostLines)));
 }
 
 void CTabFiles::ShowFile(const std::filesystem::path& file) {
@@ -132,20 +140,24 @@ void CTabFiles::ShowFile(const std::filesystem::path& file) {
   from_elsewhere_ = true;
   file_ = full;
   name_->setText(ToQString(PathText(full)));
-  notes_->setPlainText(ToQString(ReadNotes(full)));
+  ShowNotes(ReadNotes(full));
   below_->setCurrentIndex(0);
   ShowButtons();
 }
 
 void CTabFiles::Store() {
-  CStoreDlg dialog(working_folder_, this);
-  const bool own = browser_->SelectedFile() != nullptr;
-  if (own) dialog.StartWith(file_, NotesWithoutVehicle(notes_->toPlainText().toStdString()));
+  CStoreDlg dialog(context_.settings, working_folder_, this);
+  const StorageFileEntry* const own = browser_->SelectedFile();
+  if (own != nullptr) dialog.StartWith(own->path, NotesWithoutVehicle(own->notes));
   if (dialog.exec() != QDialog::Accepted) return;
+  if (!dialog.WantsFile()) {
+    context_.boxes.Status(TextsOfStoreDialog(StoreTarget::kNone).heading);
+    return;
+  }
   const StoreRequest request{.file = dialog.File(),
-                             .notes = NotesWithVehicle(dialog.Notes(), models_.Vehicle()),
-                             .routing_map = models_.Configuration().RoutingMap()};
+                             .notes = NotesWithVehicle(dialog.Notes(), models_.Vehicle())};
   if (StoreConfiguration(context_.document, context_.boxes, request) != StoreOutcome::kStored) {
+    browser_->Refresh();
     return;
   }
   ShowFile(request.file);
@@ -165,9 +177,7 @@ void CTabFiles::LoadNow() {
   const auto progress = [&dialog](TransferStage stage, std::size_t words) {
     dialog.Step(static_cast<std::size_t>(stage) * kBlockWords + words, kStages * kBlockWords);
   };
-  const LoadRequest request{.file = file_,
-                            .backup_folder = BackupFolder(working_folder_),
-                            .routing_map = models_.Configuration().RoutingMap()};
+  const LoadRequest request{.file = file_, .backup_folder = BackupFolder(working_folder_)};
   const LoadResult result = LoadProcedure(context_.document, context_.boxes, progress).Run(request);
   dialog.hide();
   using Outcome = LoadResult::Outcome;
@@ -184,11 +194,14 @@ void CTabFiles::LoadNow() {
 
 bool CTabFiles::Read(const std::filesystem::path& file, LoadedConfiguration& loaded) {
   loaded = ReadConfigurationFile(file, context_.document.Snapshot().block,
-                                 models_.Configuration().RoutingMap());
-  if (loaded.Usable()) return true;
-  context_.boxes.Inform(PathText(file.filename()) + ": " + loaded.faults.front(),
-                        MessageIcon::kError);
-  return false;
+                                 context_.document.RoutingMap());
+  const std::string name = PathText(file.filename()) + ": ";
+  if (!loaded.Usable()) {
+    context_.boxes.Inform(name + Shortened(loaded.faults.front()), MessageIcon::kError);
+    return false;
+  }
+  if (!loaded.damage.empty()) context_.boxes.Status(name + loaded.damage);
+  return true;
 }
 
 void CTabFiles::CompareWithEcu() {

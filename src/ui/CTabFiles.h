@@ -45,6 +45,7 @@ class CTabFiles final : public CEcuPage {
  private:
   [[nodiscard]] QWidget* MakeButtons();
   void FollowSelection();
+  void ShowNotes(const std::string& notes);
   void ShowButtons();
   void LoadNow();
   void ShowDifferences(const QString& first, const QString& second,

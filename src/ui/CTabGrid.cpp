@@ -126,12 +126,13 @@ void CTabGrid::MakeCommands() {
       "smooth", tr("Smooth"), QKeySequence("S"),
       tr("Draws every selected cell towards its neighbours"),
       [this](const Cells& cells, const GridWatch& watch) { return model_.Smooth(cells, watch); });
-  QAction* const equal =
-      AddAreaCommand("equal", tr("Set equal"), QKeySequence("="),
-                     tr("Gives all selected cells the coefficient of the cell with the cursor"),
-                     [this](const Cells& cells, const GridWatch& watch) {
-                       return model_.SetEqual(cells, table_->CursorCell(), watch);
-                     });
+  QAction* const equal = AddCommand(
+      "equal", tr("Set equal"), QKeySequence("="),
+      tr("Gives all selected cells the coefficient of the cell with the cursor"), [this] {
+        Run(tr("Set equal"),
+            [this, cells = table_->SelectedCells(), cursor = table_->CursorCell()](
+                const GridWatch& watch) { return model_.SetEqual(cells, cursor, watch); });
+      });
   const auto add_step = [this](const char* object_name, const char* text, const char* keys,
                                const QString& tip, int hundredths) {
     return AddAreaCommand(object_name, text, QKeySequence(keys), tip,
@@ -203,7 +204,7 @@ void CTabGrid::AskAreaChange() {
       return model_.ModifyArea(cells, change, watch);
     });
   });
-  dialog->open();
+  Open(dialog);
 }
 
 void CTabGrid::AskCentres() {
@@ -214,6 +215,12 @@ void CTabGrid::AskCentres() {
       return GridResult{};
     });
   });
+  Open(dialog);
+}
+
+void CTabGrid::Open(QDialog* dialog) {
+  // What it asks is about the ECU of this connection.
+  connect(&context_.control, &CEcuControl::StateChanged, dialog, &QDialog::reject);
   dialog->open();
 }
 
@@ -249,8 +256,11 @@ void CTabGrid::Perform(const QString& what, const Edit& edit) {
                                       [&](std::size_t done, std::size_t total) {
                                         of = total;
                                         const bool go_on = progress.Step(done, total);
-                                        // Out of the way of what has to be said at the end.
-                                        if (!go_on || done == total) progress.hide();
+                                        // Before what has to be said at the end.
+                                        if (!go_on || done == total) {
+                                          progress.hide();
+                                          surface_->ShowGrid();
+                                        }
                                         return go_on;
                                       }});
   ShowGrid();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QAction>
+#include <QDialog>
 #include <QKeySequence>
 #include <QTimer>
 #include <QToolBar>
@@ -44,6 +45,7 @@ class CTabGrid final : public CEcuPage {
                           std::function<GridResult(const Cells&, const GridWatch&)> change);
   void AskAreaChange();
   void AskCentres();
+  void Open(QDialog* dialog);
   void Copy();
   void Paste();
   // Runs the edit as a turn of the window's control, with a progress dialog when it takes long.

@@ -18,8 +18,9 @@ TpsQuantity QuantityOf(TableCell cell) {
 std::size_t BandOf(TableCell cell) { return static_cast<std::size_t>(cell.column); }
 
 // The number alone, for editing.
-QString WithoutUnit(const QString& text) {
-  return QString(text).remove('%').remove("/s").trimmed();
+QString WithoutUnit(QString text, TpsQuantity quantity) {
+  text.chop(static_cast<qsizetype>(UnitOf(quantity).size()));
+  return text.trimmed();
 }
 
 }  // namespace
@@ -36,7 +37,7 @@ CTpsTableCard::CTpsTableCard(TpsTable which, const QString& name, const TpsAcces
 
 void CTpsTableCard::MakeTable(const QString& name) {
   table_ = new CCellTable(name + "_table", accessibleName(),
-                          {kRows, kColumns, "-100 %/s", "-0123456789"}, this);
+                          {kRows, kColumns, "100 %/s", "-0123456789"}, this);
   table_->SetCorner(TranslatedMessage(kTpsBandHeading));
   for (int row = 0; row < kRows; ++row) {
     const QString label = TranslatedMessage(RowLabel(QuantityOf({row, 0})));
@@ -105,7 +106,7 @@ void CTpsTableCard::ShowValues() {
     for (int row = 0; row < kRows; ++row) {
       const TableCell cell{row, column};
       const QString text = ToQString(model.CellText(which_, QuantityOf(cell), BandOf(cell)));
-      table_->SetCell(cell, text, {}, WithoutUnit(text));
+      table_->SetCell(cell, text, {}, WithoutUnit(text, QuantityOf(cell)));
     }
   }
   enabled_->setChecked(model.Enabled(which_));

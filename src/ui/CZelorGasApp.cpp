@@ -1,5 +1,6 @@
 #include "ui/CZelorGasApp.h"
 
+#include <QIcon>
 #include <QProcess>
 #include <QTimer>
 #include <filesystem>
@@ -38,6 +39,15 @@ void EnlargeFont() {
   QApplication::setFont(font);
 }
 
+// One picture for each place that shows it: title bar, task bar, task switcher.
+QIcon ProgramIcon() {
+  QIcon icon;
+  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    icon.addFile(QString(":/icons/zelorgas-%1.png").arg(size));
+  }
+  return icon;
+}
+
 // The same style everywhere follows the palette in light and dark; an argument overrides it.
 int& WithStyle(int& argc) {
   QApplication::setStyle("Fusion");
@@ -49,6 +59,7 @@ int& WithStyle(int& argc) {
 CZelorGasApp::CZelorGasApp(int& argc, char** argv)
     : qt_(WithStyle(argc), argv), arguments_(QCoreApplication::arguments().mid(1)) {
   QCoreApplication::setApplicationName(ToQString(TemplateString(DocumentString::kWindowTitle)));
+  QApplication::setWindowIcon(ProgramIcon());
   EnlargeFont();
 }
 
@@ -73,7 +84,7 @@ int CZelorGasApp::Run() {
   SimulatedBench simulated(*clock);
   ClpgecuDoc document(simulated.Opener(SystemSerialPorts(*clock)), *clock, status);
   LinkCounters counters(*clock);
-  CFirmwareUpdate firmware(document, boxes, WorkingFolder());
+  CFirmwareUpdate firmware(document, boxes, *store, WorkingFolder());
   CEcuControl control(document, boxes, *store, firmware, counters);
   PortListModel ports(ListSerialPorts, settings.Port());
 

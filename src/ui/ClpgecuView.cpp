@@ -105,6 +105,9 @@ void ClpgecuView::OnCommStatus(CommStatus status) {
     case CommStatus::kEcuRestarted:
       context_.control.SynchronizeAfterRestart();
       return;
+    case CommStatus::kAnotherEcu:
+      context_.control.ConnectAnew();
+      return;
     default:
       ShowLinkState(status);
   }

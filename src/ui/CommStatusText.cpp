@@ -26,6 +26,7 @@ std::optional<CommStatusText> TextOfCommStatus(CommStatus status) {
     case CommStatus::kLiveData:
     case CommStatus::kFullRead:
     case CommStatus::kEcuRestarted:
+    case CommStatus::kAnotherEcu:
       break;
   }
   return std::nullopt;

@@ -1,6 +1,7 @@
 #include "ui/PageModels.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "ui/ClpgecuView.h"
 
@@ -15,26 +16,34 @@ PageModels::PageModels(UiContext& context, ClpgecuView& view)
   connect(&view, &ClpgecuView::LiveDataCame, this, &PageModels::TakeLive);
   connect(&context_.control, &CEcuControl::StateChanged, this, &PageModels::FollowControl);
   connect(&view, &ClpgecuView::BecameIdle, this, &PageModels::FollowGrid);
-  connect(&view, &ClpgecuView::LinkStateChanged, this, [this, &view] {
-    if (view.LinkState() != CommStatus::kLinkUp) grid_.Live().Hide();
-  });
+  connect(&view, &ClpgecuView::LinkStateChanged, this,
+          [this, &view] { FollowLink(view.LinkState()); });
   context_.control.SetIdentifiedHook([this] { ReadErrors(); });
 }
 
 // What belonged to the one ECU is not to be taken for the next one's.
 void PageModels::FollowControl() {
   const CEcuControl::State state = context_.control.CurrentState();
+  link_was_lost_ = false;
+  if (state == CEcuControl::State::kConnecting) image_read_ = false;
   if (state == CEcuControl::State::kConnected) {
     const auto serial = context_.control.Identity().serial;
     if (!serial || serial != serial_) {
-      grid_.ForgetSteps();
+      grid_.ForgetEcu();
+      trace_ = {};
       vehicle_ = {};
+      configuration_.ForgetEcu();
     }
     serial_ = serial;
   }
-  if (state != CEcuControl::State::kDisconnected) return;
-  errors_.Sheet().clear();
-  errors_known_ = false;
+  if (state == CEcuControl::State::kDisconnected) errors_.Forget();
+}
+
+void PageModels::FollowLink(CommStatus status) {
+  if (status == CommStatus::kLinkUp) return;
+  grid_.Live().Hide();
+  // Before the first reading of a connection nothing was lost.
+  if (status == CommStatus::kConnecting && image_read_) link_was_lost_ = true;
 }
 
 // A procedure may have loaded another grid into the ECU.
@@ -44,7 +53,7 @@ void PageModels::FollowGrid() {
 
 PageModels::~PageModels() { context_.control.SetIdentifiedHook({}); }
 
-void PageModels::ReadErrors() { errors_known_ = errors_.ReadErrors() == ModbusResult::kOk; }
+void PageModels::ReadErrors() { static_cast<void>(errors_.ReadErrors()); }
 
 bool PageModels::HasErrors() {
   return std::ranges::any_of(errors_.Sheet().Pages(), &ErrorPage::Highlighted);
@@ -54,6 +63,19 @@ void PageModels::TakeImage() {
   configuration_.TakeFromImage();
   image_read_ = true;
   FollowGrid();
+  if (!std::exchange(link_was_lost_, false)) return;
+  // The ECU may have been without power meanwhile. Later: what the worker has reported is first
+  // shown to its end.
+  const auto read_again = [this] {
+    if (context_.control.CurrentState() == CEcuControl::State::kConnected) ReadErrors();
+  };
+  QMetaObject::invokeMethod(
+      this, [this, read_again] { context_.control.Run(read_again); }, Qt::QueuedConnection);
+}
+
+Oscilloscope& PageModels::OpenScope() {
+  scope_open_ = true;
+  return scope_;
 }
 
 void PageModels::TakeLive() {
@@ -61,7 +83,7 @@ void PageModels::TakeLive() {
   grid_.ShowLivePoint(image);
   trace_.TakeLive(image);
   const std::vector<LiveRecord> records = context_.document.LiveRecords().TakeAll();
-  if (!records.empty()) scope_.AddSamples(image, records);
+  if (scope_open_) scope_.AddSamples(image, records);
 }
 
 }  // namespace zelorgas

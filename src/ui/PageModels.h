@@ -33,13 +33,14 @@ class PageModels final : public QObject {
   [[nodiscard]] GridModel& Grid() { return grid_; }
   [[nodiscard]] const GridTrace& Trace() const { return trace_; }
 
-  [[nodiscard]] Oscilloscope& Scope() { return scope_; }
+  // Records from the first OpenScope on: what nobody has looked at needs no saving.
+  [[nodiscard]] Oscilloscope& OpenScope();
+  [[nodiscard]] const Oscilloscope& Scope() const { return scope_; }
 
   [[nodiscard]] ErrorLog& Errors() { return errors_; }
-  // Reads the errors that the ECU has stored; also done with every connection.
+  // Reads the errors that the ECU has stored; also done with every connection, and when a link that
+  // was lost has brought everything anew.
   void ReadErrors();
-  // The last reading went well.
-  [[nodiscard]] bool ErrorsKnown() const { return errors_known_; }
   [[nodiscard]] bool HasErrors();
 
  private:
@@ -48,6 +49,7 @@ class PageModels final : public QObject {
   void TakeLive();
   void FollowControl();
   void FollowGrid();
+  void FollowLink(CommStatus status);
 
   UiContext& context_;
   ConfigurationModel configuration_;
@@ -57,8 +59,9 @@ class PageModels final : public QObject {
   std::optional<std::uint32_t> serial_;  // of the ECU whose undo steps and vehicle they are
   bool image_read_ = false;
   Oscilloscope scope_;
+  bool scope_open_ = false;
   ErrorLog errors_;
-  bool errors_known_ = false;
+  bool link_was_lost_ = false;  // since the image was read
 };
 
 }  // namespace zelorgas

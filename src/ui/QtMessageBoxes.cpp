@@ -4,6 +4,7 @@
 #include <QMessageBox>
 
 #include "app/StartUp.h"
+#include "config/Utf8Text.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
@@ -27,9 +28,13 @@ QMessageBox::Icon QtIcon(MessageIcon icon) {
 // A dialog that holds the window has its boxes in front of itself.
 int Show(QWidget* window, QMessageBox::Icon icon, std::string_view text,
          QMessageBox::StandardButtons buttons) {
+  // A box with a long list in front of its question; a taller one leaves the screen.
+  constexpr std::size_t kLongest = 4000;
+  constexpr std::size_t kMostLines = 40;
   QWidget* const dialog = QApplication::activeModalWidget();
   QMessageBox box(icon, ToQString(TemplateString(DocumentString::kWindowTitle)),
-                  TranslatedMessage(text), buttons, dialog != nullptr ? dialog : window);
+                  TranslatedMessage(Shortened(text, kLongest, kMostLines)), buttons,
+                  dialog != nullptr ? dialog : window);
   box.setObjectName("message_box");
   box.setAccessibleName(box.text());
   // The texts are plain; "<=>" in one must not be taken for a tag.
@@ -49,6 +54,9 @@ bool QtMessageBoxes::Ask(std::string_view text) {
          QMessageBox::Yes;
 }
 
-void QtMessageBoxes::Status(std::string_view text) { emit StatusText(TranslatedMessage(text)); }
+void QtMessageBoxes::Status(std::string_view text) {
+  constexpr std::size_t kLongest = 400;
+  emit StatusText(TranslatedMessage(Shortened(text, kLongest, /*most_lines=*/1)));
+}
 
 }  // namespace zelorgas

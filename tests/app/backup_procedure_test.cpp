@@ -12,11 +12,14 @@ TEST(BackupProcedure, KeepsWhatTheEcuHoldsAndNotWhatTheImageHeld) {
   const TemporaryFolder folder;
   ConnectedDocument on_line;
   ASSERT_TRUE(on_line.document.OpenLink());
+  on_line.ecu.SetRegister(RegisterOfWord(556), 0x0102);
+  on_line.document.SelectRoutingMap(1);
   std::string problem;
   const auto file =
       BackUpConfiguration(on_line.document, folder.Path() / "backup", "some notes", problem);
   ASSERT_TRUE(file) << problem;
-  const LoadedConfiguration stored = ReadConfigurationFile(*file, {}, 0);
+  const LoadedConfiguration stored = ReadConfigurationFile(*file, {}, 1);
+  EXPECT_EQ(stored.block[556], 0x0102);
   EXPECT_TRUE(stored.Usable());
   EXPECT_EQ(stored.notes, "some notes");
   EXPECT_EQ(stored.Over(on_line.ecu.Block()), on_line.ecu.Block());

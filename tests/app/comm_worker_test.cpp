@@ -202,6 +202,36 @@ TEST(CommWorker, APulledPlugIsSaidAtOnceAndHealsByItself) {
   EXPECT_FALSE(ecu.worker.RunRound());
 }
 
+TEST(CommWorker, AnotherEcuIsSaidAndThenLeftAlone) {
+  const struct {
+    const char* what;
+    std::uint8_t minor;
+    std::function<void(Polled&)> change;
+  } cases[] = {
+      {"an adapter plugged in again", 38,
+       [](Polled& ecu) {
+         ecu.line.SetPlugged(false);
+         ecu.Round();
+         ecu.line.SetPlugged(true);
+       }},
+      {"a cable moved", 39, [](Polled& ecu) { ecu.line.ArmFault({FaultKind::kDropAnswer}, 3); }},
+      {"one just switched on", 39, [](Polled& ecu) { ecu.ecu.Restart(); }},
+      {"a refresh", 39, [](Polled& ecu) { ecu.document.RequestRefresh(); }},
+  };
+  for (const auto& c : cases) {
+    Polled ecu(c.minor);
+    ecu.Round();
+    c.change(ecu);
+    ecu.ecu.SetSerial(654321);
+    std::string posted;
+    for (int round = 0; round < 3; ++round) posted += ecu.Round();
+    EXPECT_TRUE(posted.ends_with("2,1")) << c.what << ": " << posted;
+    EXPECT_EQ(posted.find("1,1"), std::string::npos) << c.what << ": the link is not up for it";
+    EXPECT_EQ(posted.find("2,0"), std::string::npos) << c.what << ": nothing is written to it";
+    EXPECT_EQ(ecu.requests, "") << c.what;
+  }
+}
+
 TEST(CommWorker, TheThreadStartsOnceAndNotWithoutAPort) {
   ConnectedDocument connected;
   for (int turn = 0; turn < 20; ++turn) {

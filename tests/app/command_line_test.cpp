@@ -24,7 +24,7 @@ TEST(WindowCommandLine, TakesItsPartsInAnyOrder) {
 
 TEST(WindowCommandLine, NamesTheFirstArgumentThatItCannotTake) {
   for (const char* argument : {"--admin", "//admin", "-/admin", "admins", "admi", "", "-", "admin ",
-                               "demos", "-demo", "map.xml", ".fob", "a.fob ", "-help"}) {
+                               "demos", "-demo", "map.xml", ".fob", ".osc", "a.fob ", "-help"}) {
     const CommandLine line = Parse({"demo", argument, "other"});
     EXPECT_FALSE(line.admin) << argument;
     EXPECT_TRUE(line.problem.starts_with("Unknown argument \"" + std::string(argument) + "\".\n"))
@@ -33,6 +33,7 @@ TEST(WindowCommandLine, NamesTheFirstArgumentThatItCannotTake) {
   const CommandLine two = Parse({"a.fob", "b.fob"});
   EXPECT_TRUE(two.problem.starts_with("Only one file can be opened, not also \"b.fob\".\n"));
   EXPECT_EQ(two.file, "a.fob");
+  EXPECT_EQ(Parse({"C:\\cars\\drive.Osc"}).file, "C:\\cars\\drive.Osc");
 }
 
 }  // namespace

@@ -49,7 +49,7 @@ class CliHarness {
   std::string typed;
   bool terminal = false;
   bool err_terminal = false;
-  std::atomic<bool> interrupted{false};
+  std::atomic<unsigned> interrupted{0};
   int interrupts_caught = 0;  // how often a command asked for them
 
   Outcome Run(const std::vector<std::string>& arguments) {
@@ -69,7 +69,7 @@ class CliHarness {
                                .simulated_ecu = simulated_ecu,
                                .list_ports = [this] { return ports; },
                                .settings = settings,
-                               .catch_interrupts = [this] { ++interrupts_caught; },
+                               .catch_interrupts = [this](unsigned) { ++interrupts_caught; },
                                .interrupted = interrupted,
                                .err_is_terminal = err_terminal};
     const int status = RunCli(arguments, environment);

@@ -10,24 +10,29 @@ using testing::HasSubstr;
 class ErrorCommands : public EcuCliTest {};
 
 TEST_F(ErrorCommands, ErrorsListsBothBanks) {
-  EXPECT_EQ(Print("errors"),
-            "temporary 1  005  Coolant Temperature too low\n"
-            "temporary 8  002  Start on GAS\n"
-            "permanent 3  001  Permanent DTC 03\n");
+  const std::string temporary =
+      "temporary 1  005  Coolant Temperature too low\ntemporary 8  002  Start on GAS\n";
+  const std::string temporary_json =
+      R"({"temporary":[{"code":1,"count":5,"name":"Coolant Temperature too low"},)"
+      R"({"code":8,"count":2,"name":"Start on GAS"}],"permanent":)";
+  EXPECT_EQ(Print("errors"), temporary + "permanent 3  001  Permanent DTC 03\n");
   EXPECT_EQ(Print("errors --json"),
-            R"({"temporary":[{"code":1,"count":5,"name":"Coolant Temperature too low"},)"
-            R"({"code":8,"count":2,"name":"Start on GAS"}],)"
-            R"("permanent":[{"code":3,"count":1,"name":"Permanent DTC 03"}]})"
-            "\n");
+            temporary_json + R"([{"code":3,"count":1,"name":"Permanent DTC 03"}]})" + "\n");
   // The read of the permanent errors does not succeed.
   line_.instead = [](const Unit& request) -> std::optional<Unit> {
     if (request[1] != 3 || request[3] != 0x30) return std::nullopt;
     return Unit{11, 0x83, 4};
   };
-  const CliHarness::Outcome run = Run("errors --json");
-  EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, "");
-  EXPECT_EQ(run.err, "zelorgas-cli: Modbus device return an exception code4\n");
+  const std::pair<std::string, std::string> cases[] = {
+      {"errors", temporary}, {"errors --json", temporary_json + "null}\n"}};
+  for (const auto& [words, out] : cases) {
+    const CliHarness::Outcome run = Run(words);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, out);
+    EXPECT_EQ(run.err,
+              "zelorgas-cli: Modbus device return an exception code4\n"
+              "zelorgas-cli: the permanent errors could not be read\n");
+  }
 }
 
 TEST_F(ErrorCommands, ClearDeletesInTheEcu) {
@@ -41,10 +46,8 @@ TEST_F(ErrorCommands, ClearDeletesInTheEcu) {
     if (request[1] != 5) return std::nullopt;
     return Unit{11, 0x85, 4};
   };
-  const CliHarness::Outcome run = Run("clear-errors --yes --json");
-  EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, "");
-  EXPECT_THAT(run.err, HasSubstr("Please try again!"));
+  ExpectRefused("clear-errors --yes --json",
+                "zelorgas-cli: Error while loading installation information!\nPlease try again!\n");
 }
 
 TEST_F(ErrorCommands, ClearAsksFirst) {

@@ -66,7 +66,10 @@ TEST_F(FileCommands, WriteLoadsAndKeepsWhatWasThere) {
   WriteFile("cut.fob", SampleText().substr(0, 4000));
   EXPECT_EQ(Run({"write", "sample.fob"}).status, 2);
   EXPECT_EQ(Run({"write", "bad.fob", "--yes"}).status, 3);
-  EXPECT_EQ(Run({"write", "cut.fob", "--yes"}).status, 1) << "nobody is there to be asked about it";
+  EXPECT_EQ(Run({"write", "cut.fob", "--yes"}).status, 3) << "nobody is there to be asked about it";
+  WriteFile("storage", "no folder");
+  EXPECT_EQ(Run({"write", "sample.fob", "--yes"}).status, 3) << "there is no place for the backup";
+  std::filesystem::remove("storage");
   cli_.terminal = true;
   cli_.typed = "n\n";
   EXPECT_EQ(Run({"write", "sample.fob"}).status, 1);
@@ -104,6 +107,7 @@ TEST_F(FileCommands, ShowPrintsAFile) {
 
 TEST_F(FileCommands, DiffGivesALineForEachDifference) {
   WriteFile("other.fob", Replaced(Replaced(SampleText(), "1028", "4"), "0.29;", "2.01;"));
+  WriteFile("lacks.fob", Replaced(SampleText(), "NCYLINDERS=\"1028\"", ""));
   CliHarness::Outcome run = Run({"diff", "sample.fob", "other.fob"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "NCYLINDERS: 1028 -> 4\nGridRow[0][0]: 0.29 -> 2.01\n");
@@ -112,6 +116,11 @@ TEST_F(FileCommands, DiffGivesALineForEachDifference) {
                                          R"("first":{"raw":29,"text":"0.29"},)"
                                          R"("second":{"raw":201,"text":"2.01"}}]})"
                                          "\n"));
+  run = Run({"diff", "lacks.fob", "sample.fob"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "NCYLINDERS: (missing) -> 1028\n");
+  EXPECT_THAT(Run({"diff", "lacks.fob", "sample.fob", "--json"}).out,
+              HasSubstr(R"("first":null,"second":{"raw":1028,)"));
   EXPECT_THAT(Run({"diff", "ecu", "sample.fob"}).out, HasSubstr("\nNCYLINDERS: 4 -> 1028\n"));
   EXPECT_EQ(Run({"diff", "sample.fob", "none.fob"}).status, 3);
   EXPECT_EQ(Run({"diff", "ecu", "ecu"}).status, 2);

@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 
 #include "cli/CliHarness.h"
+#include "config/ConfigurationFile.h"
 #include "firmware/UpdateBench.h"
+#include "support/TemporaryFolder.h"
 
 namespace zelorgas {
 namespace {
@@ -11,6 +13,10 @@ using testing::HasSubstr;
 
 class FirmwareCommands : public testing::Test {
  protected:
+  // The backups go there.
+  FirmwareCommands() { std::filesystem::current_path(folder_.Path()); }
+  ~FirmwareCommands() override { std::filesystem::current_path(before_); }
+
   CliHarness::Outcome Run(std::vector<std::string> words) {
     cli_.serial_ports = SimulatedPort(line_, cli_.clock);
     words.insert(words.begin(), {"--port", "/dev/ttyECU"});
@@ -21,6 +27,8 @@ class FirmwareCommands : public testing::Test {
     return Run(words);
   }
 
+  TemporaryFolder folder_;
+  const std::filesystem::path before_ = std::filesystem::current_path();
   CliHarness cli_;
   SimulatedEcu ecu_{cli_.clock};
   SimulatedLine line_{ecu_, cli_.clock};
@@ -34,6 +42,9 @@ TEST_F(FirmwareCommands, FlashWritesTheImageAndShowsHowFarItIs) {
   EXPECT_THAT(run.out, testing::MatchesRegex("written: 2700 bytes in .\\.. s\n"));
   EXPECT_THAT(run.err, HasSubstr("\nzelorgas-cli: 18 %, 0:04 left\nzelorgas-cli: 28 %, "));
   EXPECT_THAT(run.err, HasSubstr("zelorgas-cli: 100 %, 0:00 left\nzelorgas-cli: Ready\n"));
+  EXPECT_THAT(run.err, testing::ContainsRegex("What it held before: zelorgas-cli write .*.fob\n$"));
+  const std::filesystem::path backup = *std::filesystem::directory_iterator("storage/backup");
+  EXPECT_EQ(ReadConfigurationFile(backup, {}, 0).block[28], ecu_.Block()[28]);
   // The bootloader, as which the ECU is still there, takes it again.
   cli_.err_terminal = true;
   const CliHarness::Outcome again = Flash({"--yes", "--json"});
@@ -77,17 +88,30 @@ TEST_F(FirmwareCommands, SayWhatWentWrongByTheirStatusToo) {
   EXPECT_THAT(lost.err, testing::EndsWith("It waits in its bootloader: run the command again.\n"));
 }
 
-TEST_F(FirmwareCommands, AnInterruptStopsThemOnlyBeforeTheErasing) {
+TEST_F(FirmwareCommands, AnInterruptIsAnsweredAndStopsThemOnceErasedOnlyTheSecondTime) {
   const std::vector<std::uint8_t> before = ecu_.Flash();
-  cli_.interrupted = true;
-  EXPECT_EQ(Flash().err, "zelorgas-cli: Ready\nzelorgas-cli: stopped; nothing has been erased\n");
+  const auto interrupt = [this](unsigned count, std::uint64_t from) {
+    cli_.interrupted = 0;
+    line_.SetReportSink([this, count, first = line_.RequestCount() + from](const auto& report) {
+      if (report.number >= first) cli_.interrupted = count;
+    });
+  };
+  interrupt(1, 5);
+  EXPECT_THAT(Flash().err, AllOf(HasSubstr("zelorgas-cli: stopping\nzelorgas-cli: the conf"),
+                                 testing::EndsWith("stopped; nothing has been erased\n")));
   EXPECT_EQ(ecu_.Flash(), before);
-  cli_.interrupted = false;
-  line_.SetReportSink([this](const auto& report) { cli_.interrupted = report.number >= 60; });
-  const CliHarness::Outcome late = Flash();
+  interrupt(1, 80);
+  CliHarness::Outcome late = Flash();
   EXPECT_EQ(late.status, 0);
   EXPECT_THAT(late.err, HasSubstr("zelorgas-cli: the update goes on: "));
   EXPECT_TRUE(image_.IsIn(ecu_));
+  interrupt(2, 80);
+  late = Flash();
+  EXPECT_EQ(late.status, 1);
+  EXPECT_THAT(late.err, AllOf(HasSubstr("zelorgas-cli: stopping\n"),
+                              testing::EndsWith("bootloader: run the command again.\n")));
+  EXPECT_FALSE(image_.IsIn(ecu_));
+  ecu_.WithBootloader([](Bootloader& boot) { EXPECT_FALSE(boot.Coil(16)) << "flash mode"; });
 }
 
 }  // namespace

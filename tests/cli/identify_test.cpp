@@ -13,7 +13,9 @@ using Unit = EcuOnLine::Unit;
 
 constexpr const char* kPort = "/dev/ttyECU";
 constexpr const char* kAdvice =
-    "zelorgas-cli: This command does not replace firmware: use the firmware update of ZelorGAS.\n";
+    "zelorgas-cli: This command does not replace firmware: zelorgas-cli flash does, and the "
+    "firmware "
+    "update of ZelorGAS.\n";
 
 struct Identifying {
   explicit Identifying(SimulatedEcuOptions options = {}) : line(cli.clock, options) {

@@ -145,17 +145,17 @@ TEST_F(Live, JsonIsOneObjectALine) {
 // Who reads along: raises the flag when so many lines have come, each by itself.
 class InterruptAfter final : public std::stringbuf {
  public:
-  InterruptAfter(int lines, std::atomic<bool>& flag) : lines_(lines), flag_(flag) {}
+  InterruptAfter(int lines, std::atomic<unsigned>& flag) : lines_(lines), flag_(flag) {}
 
  protected:
   int sync() override {
-    if (--lines_ == 0) flag_ = true;
+    if (--lines_ == 0) flag_ = 1;
     return std::stringbuf::sync();
   }
 
  private:
   int lines_;
-  std::atomic<bool>& flag_;
+  std::atomic<unsigned>& flag_;
 };
 
 TEST_F(Live, GoesOnUntilItIsInterrupted) {

@@ -159,6 +159,7 @@ TEST(ConfigurationFile, WithoutItsHeadItIsNone) {
   }
   EXPECT_FALSE(ReadText("").Usable());
   EXPECT_TRUE(ReadText(Replaced(text, "<Notes", "<Other")).Usable());
+  EXPECT_EQ(ReadText(Replaced(text, "Golf", "B\xFCro, \u041B")).notes, "B\u00FCro, \u041B");
 }
 
 TEST(ConfigurationFile, WhatWasCutOffIsNotSound) {
@@ -199,7 +200,10 @@ TEST(ConfigurationFile, IsWrittenAndReadOnDisk) {
   EXPECT_THAT(problem, testing::StartsWith("Cannot create " + PathText(path)));
   EXPECT_FALSE(WriteConfigurationFile(parent, SampleConfiguration(), 0, "", problem));
   EXPECT_THAT(problem, testing::StartsWith("Cannot write " + PathText(parent)));
-  for (const std::filesystem::path& bad : {parent, folder.Path() / "none.fob"}) {
+  const std::filesystem::path large = folder.Path() / "large.fob";
+  ASSERT_TRUE(WriteWholeFile(large, SampleText() + std::string(4U << 20U, ' '), problem));
+  EXPECT_THAT(ReadConfigurationFile(large, {}, 0).faults[0], HasSubstr(": it is larger than 4 MB"));
+  for (const std::filesystem::path& bad : {parent, folder.Path() / "none.fob", large}) {
     EXPECT_THAT(ReadConfigurationFile(bad, {}, 0).faults, testing::SizeIs(1));
     EXPECT_EQ(ReadNotes(bad), "");
   }

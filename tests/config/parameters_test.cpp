@@ -2,29 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <utility>
 
 namespace zelorgas {
 namespace {
-
-TEST(Parameters, NamesAreUniqueAndBitsDoNotOverlap) {
-  ASSERT_EQ(Parameters().size(), 75U);
-  std::set<std::string_view> names;
-  std::set<std::pair<unsigned, unsigned>> bits;
-  std::set<unsigned> words;
-  for (const Parameter& parameter : Parameters()) {
-    EXPECT_TRUE(names.insert(parameter.name).second) << parameter.name;
-    words.insert(parameter.word);
-    for (unsigned bit = 0; bit < parameter.bits; ++bit) {
-      EXPECT_TRUE(bits.emplace(parameter.word, parameter.first_bit + bit).second) << parameter.name;
-    }
-  }
-  // Every bit of words 0 to 75 but those of 70 and 71 belongs to a parameter.
-  EXPECT_EQ(bits.size(), 74U * 16U);
-  EXPECT_EQ(words.count(70) + words.count(71), 0U);
-  EXPECT_EQ(*words.rbegin(), 75U);
-}
 
 TEST(Parameters, LieWhereTheEcuKeepsThem) {
   const std::pair<std::string_view, std::uint16_t> cases[] = {

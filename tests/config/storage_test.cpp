@@ -4,6 +4,7 @@
 
 #include "config/StoragePaths.h"
 #include "config/StorageTree.h"
+#include "config/Utf8Text.h"
 #include "platform/FileSystem.h"
 #include "support/SampleConfiguration.h"
 #include "support/TemporaryFolder.h"
@@ -48,6 +49,14 @@ TEST(StoragePaths, NamesStayInsideTheirFolder) {
     EXPECT_TRUE(WriteWholeFile(*path, "x", problem)) << problem;
   }
   EXPECT_EQ(StorageFile("x", "car.FOB", ".fob", problem), std::filesystem::path("x") / "car.FOB");
+}
+
+TEST(Utf8Text, IsCutBetweenItsCharacters) {
+  EXPECT_EQ(Shortened("12345", 5), "12345");
+  EXPECT_EQ(Shortened("123456", 5), "12345...");
+  EXPECT_EQ(Shortened("1234\u041B", 5), "1234...");
+  EXPECT_EQ(Shortened("1\n2\n", 9, 2), "1\n2");
+  EXPECT_EQ(Shortened("1\n2\n3", 9, 2), "1\n2...");
 }
 
 TEST(StorageTree, ListsFoldersAndFilesWithTheirNotes) {

@@ -86,7 +86,9 @@ TEST(Oscilloscope, AStoppedOneTakesNothing) {
   Oscilloscope scope;
   EXPECT_FALSE(scope.Unsaved());
   scope.SetNotes("nothing recorded yet");
-  EXPECT_FALSE(scope.Unsaved());
+  EXPECT_TRUE(scope.Unsaved());
+  scope.SetNotes("");
+  EXPECT_FALSE(scope.Unsaved()) << "there is nothing to save";
   scope.SetRecording(false);
   scope.AddSamples({}, std::vector<LiveRecord>(3));
   EXPECT_EQ(scope.Traces().Length(), 0U);
@@ -96,7 +98,7 @@ TEST(Oscilloscope, AStoppedOneTakesNothing) {
   EXPECT_EQ(scope.Samples(ScopeChannel::kLambda), (std::deque<double>{0.2, 0.1}));
   EXPECT_TRUE(scope.Unsaved());
   scope.MarkSaved();
-  scope.SetNotes("nothing recorded yet");
+  scope.SetNotes("");
   EXPECT_FALSE(scope.Unsaved());
   scope.SetNotes("now there is");
   EXPECT_TRUE(scope.Unsaved());

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "firmware/FirmwareDownload.h"
+#include "firmware/LinkPreparation.h"
 #include "support/ConnectedDocument.h"
 #include "support/ScriptedBoxes.h"
 
@@ -42,6 +43,7 @@ struct UpdateBench {
   explicit UpdateBench(SimulatedEcuOptions options = {})
       : ecu(clock, options), document(SimulatedPort(line, clock), clock, status) {
     boxes.answer = true;
+    identity.revision = "SV 0.39@HV 1.2";
     identity.software = {0, 39};
     identity.serial = 123456;
   }
@@ -49,6 +51,11 @@ struct UpdateBench {
     return FirmwareDownload(document, boxes, std::move(hooks)).Program(image.path, identity);
   }
   FirmwareDownload::Outcome Erase() { return FirmwareDownload(document, boxes).Erase(identity); }
+  // As whoever starts an update once more.
+  bool FindAgain() {
+    identity = {};
+    return FindUpdateTarget(document, identity).Ok();
+  }
   bool FlashMode() {
     bool on = false;
     ecu.WithBootloader([&](Bootloader& boot) { on = boot.Coil(Bootloader::kFlashModeCoil); });

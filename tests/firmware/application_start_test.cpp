@@ -12,6 +12,7 @@ TEST(ApplicationStart, ComesByItselfAfterADownloadWhateverTheBootloaderWasTold) 
   const ImageFile image(Bootloader::MakeImage(600, 9));
   UpdateBench bench;
   bench.ecu.EnterBootloader();
+  ASSERT_TRUE(bench.FindAgain());
   ASSERT_EQ(bench.Program(image), FirmwareDownload::Outcome::kDone);
   EXPECT_TRUE(WaitForApplication(
       bench.document, {.ignition_needed = [] { ADD_FAILURE() << "it starts by itself"; }}));

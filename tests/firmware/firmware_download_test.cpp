@@ -23,15 +23,17 @@ TEST(FirmwareDownload, ProgramsAnImageWithItsBlankAndItsShortPieces) {
   std::string events;
   FirmwareHooks hooks;
   hooks.progress = [&](const FlashProgress& progress) { percents.push_back(progress.percent); };
-  hooks.store_configuration = [&] { return bench.ecu.InBootloader() ? "too late" : "copy"; };
+  hooks.store_configuration = [&](const EcuIdentity& ecu) {
+    return bench.ecu.InBootloader() ? "too late" : FormatSerialNumber(*ecu.serial);
+  };
   hooks.offer_configuration = [&](const std::string& stored) {
     events = stored + (bench.FlashMode() ? " in flash mode" : "");
   };
   EXPECT_EQ(bench.Program(image, hooks), Outcome::kDone);
   EXPECT_TRUE(image.IsIn(bench.ecu));
-  EXPECT_EQ(bench.line.RequestCount(), 40U + 3 * 7) << "nothing is sent for the blank pieces";
+  EXPECT_EQ(bench.line.RequestCount(), 47U + 3 * 7) << "nothing is sent for the blank pieces";
   EXPECT_THAT(percents, ElementsAre(23, 47, 71, 95, 100));
-  EXPECT_EQ(events, "copy");
+  EXPECT_EQ(events, "ECU123456");
   EXPECT_THAT(bench.boxes.statuses, ElementsAre("Erasing current firmware...",
                                                 "Downloading selected firmware...", "Ready"));
   EXPECT_THAT(bench.boxes.said,
@@ -46,11 +48,12 @@ TEST(FirmwareDownload, ErasesOnly) {
   EXPECT_EQ(bench.Erase(), Outcome::kDone);
   EXPECT_FALSE(bench.FlashMode());
   const std::uint64_t exchanges = bench.line.RequestCount();
-  EXPECT_EQ(exchanges, 3U + 1 + 3 + 3 + 3 + 4 + 16 + 8 + 1);
+  EXPECT_EQ(exchanges, 4U + 3 + 1 + 3 + 3 + 3 + 4 + 16 + 8 + 1);
   EXPECT_EQ(bench.boxes.said.back(), "note: Tha application has been erased successfuly!");
   EXPECT_THAT(bench.boxes.statuses, ElementsAre("Erasing...", "Idle"));
+  ASSERT_TRUE(bench.FindAgain());
   EXPECT_EQ(bench.Erase(), Outcome::kDone);
-  EXPECT_EQ(bench.line.RequestCount(), 2 * exchanges - 8) << "blank blocks are left alone";
+  EXPECT_EQ(bench.line.RequestCount(), 2 * exchanges - 8 + 2) << "blank blocks are left alone";
   UpdateBench stuck;
   stuck.ecu.WithBootloader([](Bootloader& boot) { boot.FailErases(1); });
   EXPECT_EQ(stuck.Erase(), Outcome::kFailed);
@@ -78,7 +81,7 @@ const Hindrance kHindrances[] = {
     {.message = "error: Unrecognized Product Code!", .ecu = {.product = "x"}},
     {.message = "error: Could not get revision number!", .ecu = {.revision = "SV 0.39@HV 1.2"}},
     // It stays in its application.
-    {.message = "error: Couldn't get target application info!", .faulty = {1, 2, 3}},
+    {.message = "error: Couldn't get target application info!", .faulty = {5, 6, 7}},
     {.message = "error: Couldn't establish connection with GASECU!\nPlease check out cables and "
                 "power supply!",
      .fault = {FaultKind::kSilent, 60'000},
@@ -86,7 +89,10 @@ const Hindrance kHindrances[] = {
     {.message = "note: Flash mode could not be switched off!\nPlease switch the power supply of "
                 "the ECU off and on.",
      .untouched = false,
-     .faulty = {68, 69, 70, 71, 72, 73}},
+     .faulty = {75, 76, 77, 78, 79, 80}},
+    {.message =
+         "error: Another ECU answers than the one in the question!\nNothing has been erased.",
+     .ecu = {.serial = 1}},
 };
 
 TEST(FirmwareDownload, SaysWhatHinderedIt) {
@@ -112,6 +118,7 @@ TEST(FirmwareDownload, NothingIsErasedBeforeTheCheckAndTheAnswer) {
   const std::vector<std::uint8_t> before = bench.ecu.Flash();
   const auto expect = [&](Outcome outcome, std::string_view said, std::uint64_t exchanges,
                           const FirmwareHooks& hooks = {}) {
+    bench.ecu.LosePower();
     const std::uint64_t first = bench.line.RequestCount();
     EXPECT_EQ(bench.Program(image, hooks), outcome) << said;
     EXPECT_THAT(bench.boxes.said.back(), testing::EndsWith(said));
@@ -121,24 +128,26 @@ TEST(FirmwareDownload, NothingIsErasedBeforeTheCheckAndTheAnswer) {
   };
   expect(Outcome::kBadImage, kImageEmpty, 0);
   image.Fill(std::vector<std::uint8_t>(Bootloader::kApplicationSize + 1, 1));
-  expect(Outcome::kBadImage, kImageTooLarge, 16);
+  expect(Outcome::kBadImage, kImageTooLarge, 20);
   // Between the question and the erasing.
   image.Fill(SomeImage(1000));
   FirmwareHooks changing;
-  changing.store_configuration = [&image] { return image.Fill(SomeImage(1004)), "copy"; };
-  expect(Outcome::kBadImage, kImageChanged, 16, changing);
+  changing.store_configuration = [&image](const EcuIdentity&) {
+    return image.Fill(SomeImage(1004)), "copy";
+  };
+  expect(Outcome::kBadImage, kImageChanged, 20, changing);
   // Asked before the order to enter the bootloader, after it, and before the erasing.
-  for (const auto& [asked, exchanges] : {std::pair{1, 0U}, {2, 3U}, {3, 16U}}) {
+  for (const auto& [asked, exchanges] : {std::pair{1, 4U}, {2, 7U}, {3, 20U}}) {
     FirmwareHooks stopping;
-    stopping.stop_wanted = [left = asked]() mutable { return --left == 0; };
+    stopping.stop_wanted = [left = asked](bool) mutable { return --left == 0; };
     expect(Outcome::kStopped, "software 00.39", exchanges, stopping);
   }
   FirmwareHooks not_stored;
-  not_stored.store_configuration = [&]() -> std::optional<std::string> {
+  not_stored.store_configuration = [&](const EcuIdentity&) -> std::optional<std::string> {
     bench.boxes.answer = false;
     return std::nullopt;
   };
-  expect(Outcome::kDeclined, kNoCopyQuestion, 0, not_stored);
+  expect(Outcome::kDeclined, kNoCopyQuestion, 4, not_stored);
   expect(Outcome::kDeclined, "software 00.39", 0);
   EXPECT_EQ(bench.Erase(), Outcome::kDeclined);
   EXPECT_EQ(bench.ecu.Flash(), before);

@@ -17,8 +17,9 @@ class InterruptedUpdate : public testing::TestWithParam<Interruption> {};
 
 TEST_P(InterruptedUpdate, NeverSucceedsFalselyAndCompletesWhenRepeated) {
   const ImageFile image(Bootloader::MakeImage(16 * 256, 77));
-  // Preparation, flash mode, supply, block ends, two blocks, both once more, pages, flash mode.
-  constexpr std::uint64_t kExchanges = 3 + 1 + 3 + 8 + 16 + 8 + 16 * 7 + 1;
+  // Who is there, preparation, flash mode, supply, block ends, two blocks, both once more, pages,
+  // looks for a restart, flash mode.
+  constexpr std::uint64_t kExchanges = 4 + 3 + 1 + 3 + 8 + 16 + 8 + 16 * 7 + 3 + 1;
   for (std::uint64_t exchange = 1; exchange <= kExchanges + 1; ++exchange) {
     UpdateBench bench;
     for (std::uint64_t i = 0; i < GetParam().exchanges; ++i) {
@@ -26,15 +27,18 @@ TEST_P(InterruptedUpdate, NeverSucceedsFalselyAndCompletesWhenRepeated) {
     }
     const bool done = bench.Program(image) == Outcome::kDone;
     EXPECT_EQ(bench.line.FaultCount() > 0, exchange <= kExchanges) << exchange;
-    EXPECT_EQ(bench.boxes.informed.size(), done ? 0U : 1U) << exchange;
+    EXPECT_EQ(bench.boxes.informed.empty(), done) << exchange;
+    const bool stays = bench.FlashMode();
+    EXPECT_TRUE(!stays || bench.boxes.informed.back() == kFlashModeStays) << exchange;
     EXPECT_TRUE(image.IsIn(bench.ecu) || !done) << exchange;
-    EXPECT_FALSE(bench.line.Plugged() && bench.FlashMode()) << exchange;
+    EXPECT_FALSE(bench.line.Plugged() && stays) << exchange;
     // One lost answer is made up for.
     const bool loses_more = GetParam().exchanges > 1 || !bench.line.Plugged() ||
                             GetParam().fault.kind == FaultKind::kPowerLoss;
     EXPECT_TRUE(done || loses_more) << exchange;
     if (done) continue;
     bench.line.SetPlugged(true);
+    ASSERT_TRUE(bench.FindAgain()) << exchange;
     EXPECT_EQ(bench.Program(image), Outcome::kDone) << exchange;
     EXPECT_TRUE(image.IsIn(bench.ecu)) << exchange;
     bench.ecu.LosePower();
@@ -43,7 +47,7 @@ TEST_P(InterruptedUpdate, NeverSucceedsFalselyAndCompletesWhenRepeated) {
 }
 
 TEST_P(InterruptedUpdate, ErasingNeverLeavesAnythingAndSaysItIsDone) {
-  constexpr std::uint64_t kExchanges = 3 + 1 + 3 + 3 + 3 + 4 + 16 + 8 + 1;
+  constexpr std::uint64_t kExchanges = 4 + 3 + 1 + 3 + 3 + 3 + 4 + 16 + 8 + 1;
   for (std::uint64_t exchange = 1; exchange <= kExchanges; ++exchange) {
     UpdateBench bench;
     for (std::uint64_t i = 0; i < GetParam().exchanges; ++i) {
@@ -67,7 +71,9 @@ INSTANTIATE_TEST_SUITE_P(, InterruptedUpdate,
                                          Interruption{{FaultKind::kUnplug, 0}, 1},
                                          Interruption{{FaultKind::kUnplug, 8}, 1},
                                          Interruption{{FaultKind::kPowerLoss, 0}, 1},
-                                         Interruption{{FaultKind::kPowerLoss, 8}, 1}),
+                                         Interruption{{FaultKind::kPowerLoss, 8}, 1},
+                                         // When it has answered.
+                                         Interruption{{FaultKind::kPowerLoss, 999}, 1}),
                          [](const auto& instance) {
                            std::string name(NameOfFault(instance.param.fault.kind));
                            std::ranges::replace(name, '-', '_');

@@ -160,9 +160,29 @@ TEST(ConfigurationModel, TheNozzleFieldFollowsInjectorAndDiameter) {
   }
   ASSERT_EQ(page.model.Select(kInjectorType, 2), Outcome::kWritten);
   page.model.refreshNozzleDiameter(9);
+  EXPECT_EQ(page.model.Nozzle().Text(), "0.9");
   page.ecu.SetRegister(285, 10);
   page.Refresh();
-  EXPECT_EQ(page.model.Nozzle().Text(), "0.9") << "no injector is selected";
+  EXPECT_EQ(page.model.Nozzle().Text(), "3.0") << "an injector that the catalogue does not know";
+  page.model.refreshNozzleDiameter(9);
+  EXPECT_EQ(page.model.Nozzle().Text(), "3.0") << "no injector is selected";
+  EXPECT_TRUE(page.model.WriteParameter(*FindParameter("NOZZLEDIAM"), 8));
+  EXPECT_EQ(page.model.Nozzle().Text(), "0.8");
+}
+
+TEST(ConfigurationModel, SwitchModeIsThePersonsUntilTheEcuChangesIt) {
+  Page page;
+  page.model.SetSwitchMode(true);
+  page.Refresh();
+  EXPECT_TRUE(page.model.SwitchMode()) << "the ECU is as it was";
+  page.ecu.SetRegister(288, 0);
+  page.Refresh();
+  page.model.SetSwitchMode(false);
+  page.Refresh();
+  EXPECT_FALSE(page.model.SwitchMode());
+  page.model.ForgetEcu();
+  page.Refresh();
+  EXPECT_TRUE(page.model.SwitchMode()) << "another ECU has a switch";
 }
 
 TEST(ConfigurationModel, TheScalesFollowTheSensors) {

@@ -19,6 +19,23 @@ TEST(VehicleData, LivesInTheNotes) {
   EXPECT_EQ(NotesWithVehicle(other_line_ends, vehicle), notes);
 }
 
+TEST(VehicleData, LeavesTheFittersOwnLinesAlone) {
+  const VehicleData vehicle{"", "Combi", "", 1896};
+  const std::string lines = "Vehicle model: Combi\nEngine size (cc): 1896";
+  // The notes, and what stands between them and the vehicle's lines.
+  const std::pair<const char*, const char*> cases[] = {
+      {"Engine code: AXB\nas the plate says", "\n"},
+      {"Vehicle make: Tarn", "\n\n"},
+      {"Engine code: AXB\nVehicle make: Tarn", "\n\n"},
+  };
+  for (const auto& [own, between] : cases) {
+    const std::string notes = NotesWithVehicle(own, vehicle);
+    EXPECT_EQ(notes, own + (between + lines));
+    EXPECT_EQ(VehicleOfNotes(notes), vehicle) << own;
+    EXPECT_EQ(NotesWithVehicle(NotesWithoutVehicle(notes), vehicle), notes);
+  }
+}
+
 TEST(VehicleData, WhatIsNotThereStaysEmpty) {
   EXPECT_EQ(VehicleOfNotes(""), VehicleData{});
   EXPECT_EQ(NotesWithVehicle("", {}), "");

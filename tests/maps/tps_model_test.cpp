@@ -42,6 +42,8 @@ TEST(TpsModel, WritesATableCellAsItsRowReadsIt) {
           {kDeceleration, kDissolve, 0, "8", 777, 8, "8"},
           {kAcceleration, kThreshold, 0, "32768", 0, 0, "\"32768" + with_sign},
           {kAcceleration, kCorrection, 0, "5x", 0, 0, "\"5x" + with_sign},
+          {kAcceleration, kCorrection, 0, "5 %/s", 0, 0, "\"5 %/s" + with_sign},
+          {kAcceleration, kDuration, 0, "5%", 0, 0, "\"5%" + whole},
           {kAcceleration, kDuration, 0, "-5", 0, 0, "\"-5" + whole},
           {kAcceleration, kDissolve, 0, "1.5", 0, 0, "\"1.5" + whole},
       };
@@ -75,21 +77,23 @@ TEST(TpsModel, WritesSwitchesOutletsAndTheIdleSettings) {
     EXPECT_EQ(on.ecu.Register(kIdleSettings[i].reg), i == 2 ? 400 : 40);
     EXPECT_EQ(on.tps.IdleText(i), i == 2 ? "40.0" : "40");
   }
-  for (const auto& [typed, word] : {std::pair{"1.26", 13}, {"1.25", 13}, {"1.24", 12}}) {
+  for (const auto& [typed, word] :
+       {std::pair{"1.26", 13}, {"1,25", 13}, {"1.24", 12}, {"6553.5", 65535}}) {
     on.tps.EditIdle(2, typed);
     EXPECT_EQ(on.ecu.Register(315), word) << typed;
   }
-  EXPECT_FALSE(on.tps.EditIdle(2, "-1"));
-  EXPECT_THAT(on.boxes.informed, ElementsAre("\"-1\" is not a number from 0 to 6553.4!"));
+  EXPECT_FALSE(on.tps.EditIdle(2, "6553.6"));
+  EXPECT_THAT(on.boxes.informed, ElementsAre("\"6553.6\" is not a number from 0 to 6553.5!"));
 }
 
 TEST(TpsModel, WritesBothEndPointsInOneRequestOrNothing) {
   TpsOnEcu on;
   EXPECT_FALSE(on.tps.WriteEndPoints("", "900"));
-  EXPECT_FALSE(on.tps.WriteEndPoints("100", " "));
   EXPECT_TRUE(on.boxes.informed.empty());
-  EXPECT_FALSE(on.tps.WriteEndPoints("100", "9oo"));
-  EXPECT_THAT(on.boxes.informed, ElementsAre("\"9oo\" is not a whole number from 0 to 65535!"));
+  EXPECT_FALSE(on.tps.WriteEndPoints("100", " "));
+  EXPECT_FALSE(on.tps.WriteEndPoints("9oo", "900"));
+  EXPECT_THAT(on.boxes.informed, ElementsAre("\" \" is not a whole number from 0 to 65535!",
+                                             "\"9oo\" is not a whole number from 0 to 65535!"));
   EXPECT_TRUE(on.tps.WriteEndPoints("100", "900"));
   EXPECT_EQ(on.line.RequestCount(), 1U);
   EXPECT_EQ(on.ecu.Register(307) * 1000 + on.ecu.Register(308), 100900);

@@ -42,6 +42,8 @@ TEST(FileSystemPosix, AKilledProcessLeavesTheOldOrTheNewFile) {
   for (int index = 0; index < kOperations; ++index) {
     for (const FileFault fault : {FileFault::kKillsBefore, FileFault::kKillsAfter}) {
       ASSERT_TRUE(WriteWholeFile(file, old_contents, reason));
+      EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator()), 1)
+          << "what the process before has left is gone";
       EXPECT_EXIT(
           {
             FaultyFiles files(index, fault);

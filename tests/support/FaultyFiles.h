@@ -36,12 +36,9 @@ class FaultyFiles final : public FileOperations {
     return Do(reason, [&] { return real_->Rename(from, to, reason); });
   }
   void Remove(const std::filesystem::path& path) override { real_->Remove(path); }
-  void SyncFolder(const std::filesystem::path& folder) override {
-    std::string reason;
-    static_cast<void>(Do(reason, [&] {
-      real_->SyncFolder(folder);
-      return true;
-    }));
+  void RemoveAbandoned(const std::filesystem::path& path) override { real_->RemoveAbandoned(path); }
+  bool SyncFolder(const std::filesystem::path& folder, std::string& reason) override {
+    return Do(reason, [&] { return real_->SyncFolder(folder, reason); });
   }
   bool MayWrite(const std::filesystem::path& path) override { return real_->MayWrite(path); }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,10 +14,11 @@ namespace zelorgas {
 class ScriptedBoxes final : public MessageBoxes {
  public:
   bool answer = false;
-  std::string declined;               // a question with these words gets No all the same
-  std::vector<std::string> said;      // "error: ...", "note: ...", "question: ..."
-  std::vector<std::string> informed;  // the messages alone
-  std::vector<std::string> statuses;  // the status line
+  std::string declined;                // a question with these words gets No all the same
+  std::function<void()> while_asking;  // runs as long as a question is open
+  std::vector<std::string> said;       // "error: ...", "note: ...", "question: ..."
+  std::vector<std::string> informed;   // the messages alone
+  std::vector<std::string> statuses;   // the status line
 
   void Inform(std::string_view text, MessageIcon icon) override {
     said.push_back((icon == MessageIcon::kError ? "error: " : "note: ") + std::string(text));
@@ -24,6 +26,7 @@ class ScriptedBoxes final : public MessageBoxes {
   }
   bool Ask(std::string_view text) override {
     said.push_back("question: " + std::string(text));
+    if (while_asking) while_asking();
     return answer && (declined.empty() || text.find(declined) == std::string_view::npos);
   }
   void Status(std::string_view text) override { statuses.emplace_back(text); }

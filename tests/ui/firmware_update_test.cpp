@@ -13,6 +13,7 @@
 
 #include "app/LoadProcedure.h"
 #include "config/StoragePaths.h"
+#include "firmware/LinkPreparation.h"
 #include "sim/SimulatedPort.h"
 #include "support/ConnectedDocument.h"
 #include "ui/CBootDlg.h"
@@ -23,6 +24,8 @@ namespace zelorgas {
 namespace {
 
 constexpr const char* kStart = "firmware_action";
+constexpr const char* kBackups = "FirmwareBackups";
+constexpr const char* kThisEcu = "ECU123456";
 
 // Runs `person` once a dialog is open; closes the dialog when that has not happened until then.
 void InDialog(QTimer& timer, std::function<void(CBootDlg&)> person) {
@@ -130,6 +133,7 @@ TEST_F(FirmwareUpdateWindow, GoesToItsEndConnectsAgainAndLoadsWhatTheEcuHeld) {
   EXPECT_EQ(bench.control.CurrentState(), CEcuControl::State::kConnected);
   ASSERT_TRUE(UiBench::WaitFor([&] { return Said(kConfigurationLoaded); }));
   EXPECT_EQ(bench.simulated.Ecu().Block(), before);
+  EXPECT_EQ(bench.store.ReadString(kBackups, kThisEcu, ""), "") << "it is offered once";
   EXPECT_TRUE(bench.boxes.HasStatus("The firmware has been updated."));
   EXPECT_TRUE(bench.WaitForState(UiBench::kConnected));
 }
@@ -203,9 +207,55 @@ TEST_F(FirmwareUpdateWindow, ErasesNothingWithoutAnImageOrAYes) {
   EXPECT_FALSE(bench.simulated.Ecu().InBootloader());
 }
 
+TEST_F(FirmwareUpdateWindow, ARefusalThatTouchedNothingLeavesThePersonWhereHeWas) {
+  ASSERT_TRUE(bench.Connect());
+  bench.simulated.Ecu().WithBootloader([](Bootloader& boot) { boot.SetNoSupply(true); });
+  InDialog(timer, [&](CBootDlg& dialog) {
+    Program();
+    ASSERT_TRUE(UiBench::WaitFor([&] { return bench.Find<QWidget>("boot_program").isEnabled(); }));
+    EXPECT_TRUE(Said("note: Error, no VDD on FLMD0 pin!"));
+    EXPECT_EQ(bench.Text("boot_hint"), "Nothing has been erased.");
+    EXPECT_EQ(dialog.End(), FirmwareUpdate::End::kUntouched);
+    // Another ECU is plugged in while the question stands there.
+    bench.simulated.Line().SetReportSink([this](const SimulatedLine::RequestReport&) {
+      bench.simulated.Ecu().SetSerial(bench.boxes.said.back().starts_with("question") ? 2 : 1);
+    });
+    Program();
+    ASSERT_TRUE(WaitForEnd());
+    EXPECT_TRUE(Said(kAnotherTarget));
+    bench.simulated.Line().SetReportSink({});
+  });
+  bench.Find<QAction>(kStart).trigger();
+  EXPECT_EQ(bench.control.CurrentState(), CEcuControl::State::kConnected);
+  EXPECT_EQ(bench.store.ReadString(kBackups, kThisEcu, ""), "") << "there is nothing to offer";
+}
+
+TEST_F(FirmwareUpdateWindow, WhatTheEcuHeldIsOfferedStillWhenTheUpdateWasFinishedInALaterRun) {
+  ASSERT_TRUE(bench.Connect());
+  InDialog(timer, [&](CBootDlg&) {
+    bench.Click("boot_erase");
+    ASSERT_TRUE(WaitForEnd());
+    bench.boxes.answer = false;
+    Program();
+    ASSERT_TRUE(WaitForEnd());
+    EXPECT_TRUE(bench.Text("boot_hint").starts_with("The ECU has no firmware now."))
+        << "a No does not make it well";
+  });
+  bench.Find<QAction>(kStart).trigger();
+  EXPECT_EQ(bench.control.CurrentState(), CEcuControl::State::kDisconnected);
+  const std::string file = bench.store.ReadString(kBackups, kThisEcu, "");
+  EXPECT_NE(file, "");
+  UiBench later(clock);
+  later.store.WriteString(kBackups, kThisEcu, file);
+  ASSERT_TRUE(later.Connect());
+  ASSERT_TRUE(
+      UiBench::WaitFor([&] { return later.store.ReadString(kBackups, kThisEcu, "").empty(); }));
+  EXPECT_NE(later.boxes.said.back().find(file), std::string::npos) << "declined";
+}
+
 TEST_F(FirmwareUpdateWindow, OffersADemoImageToTheSimulatedEcuOnly) {
   ConnectedDocument car;
-  CFirmwareUpdate update(car.document, bench.boxes, bench.folder.Path());
+  CFirmwareUpdate update(car.document, bench.boxes, bench.store, bench.folder.Path());
   car.document.Link().SetPortName("/dev/ttyUSB7");
   InDialog(timer, [](CBootDlg& dialog) {
     EXPECT_EQ(dialog.findChild<QComboBox*>("boot_versions")->count(), 0);

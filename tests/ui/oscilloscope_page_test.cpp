@@ -1,13 +1,10 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <fstream>
 #include <numeric>
 
-#include "app/LoadProcedure.h"
 #include "diag/RecordingFile.h"
 #include "support/TemporaryFolder.h"
 #include "ui/CTabDiagnostics.h"
@@ -19,11 +16,16 @@
 namespace zelorgas {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-
 CTabDiagnostics& OpenScope(UiBench& bench) {
   return bench.frame->View().OpenPage<CTabDiagnostics>("Oscilloscope");
+}
+
+bool WaitForLiveData(const UiBench& bench, int updates) {
+  const auto counting =
+      QObject::connect(&bench.frame->View(), &ClpgecuView::LiveDataCame, [&updates] { --updates; });
+  const bool came = UiBench::WaitFor([&updates] { return updates <= 0; });
+  QObject::disconnect(counting);
+  return came;
 }
 
 TEST(ScopePoints, KeepEveryPeakAndDrawNoMoreThanCanBeSeen) {
@@ -43,35 +45,46 @@ TEST(OscilloscopePage, RecordsWhileHiddenStopsAndReadsOut) {
   FastClock clock;
   UiBench bench(clock);
   ASSERT_TRUE(bench.Connect());
-  QTest::qWait(50);
+  bench.frame->close();
+  EXPECT_TRUE(bench.boxes.said.empty()) << "nothing is recorded before the page is opened";
+  bench.frame->show();
+  ASSERT_TRUE(bench.Connect());
+  OpenScope(bench);
+  bench.OpenTab("Start");
+  EXPECT_TRUE(WaitForLiveData(bench, 20));
+  bench.frame->close();
+  EXPECT_TRUE(bench.frame->isVisible()) << "what came while the page was hidden is not lost";
   OpenScope(bench);
   EXPECT_TRUE(UiBench::WaitFor([&] { return bench.Text("scope_value_rpm") != UiBench::kDashes; }));
-  EXPECT_FALSE(bench.Find<QCheckBox>("scope_lambda2").text().isEmpty());
 
   bench.Click("scope_run");
   const std::string stopped = bench.Text("scope_value_rpm");
-  QTest::qWait(50);
+  EXPECT_TRUE(WaitForLiveData(bench, 5));
   EXPECT_EQ(bench.Text("scope_value_rpm"), stopped);
-  emit bench.Find<CPlot>("scope_plot").PointedAt(0.21);
+  auto& plot = bench.Find<CPlot>("scope_plot");
+  emit plot.PointedAt(0.21);
   EXPECT_EQ(bench.Text("scope_place"), "0.2 s before the newest");
+  const std::tuple<Qt::Key, Qt::KeyboardModifiers, const char*> keys[] = {
+      {Qt::Key_Right, Qt::NoModifier, "0.3 s before the newest"},
+      {Qt::Key_Right, Qt::ShiftModifier, "1.3 s before the newest"},
+      {Qt::Key_Right, Qt::ControlModifier, "1.3 s before the newest"},
+      {Qt::Key_Left, Qt::NoModifier, "1.2 s before the newest"},
+  };
+  for (const auto& [key, modifiers, place] : keys) {
+    QTest::keyClick(&plot, key, modifiers);
+    EXPECT_EQ(bench.Text("scope_place"), place);
+  }
 }
 
-TEST(OscilloscopePage, TheSpanDoublesAndHalvesWithinItsLimits) {
+TEST(OscilloscopePage, SpanAndChannelsAreThePersons) {
   FastClock clock;
   UiBench bench(clock);
   OpenScope(bench);
   auto& span = bench.Find<CTimeSpin>("scope_span");
   EXPECT_EQ(span.text(), "40 s");
-  span.stepBy(6);
-  EXPECT_EQ(span.text(), "640 s");
   span.stepBy(-20);
   EXPECT_EQ(span.text(), "2.5 s");
-}
 
-TEST(OscilloscopePage, HiddenChannelsStayHiddenInTheNextStart) {
-  FastClock clock;
-  UiBench bench(clock);
-  OpenScope(bench);
   bench.Click("scope_tgas");
   EXPECT_EQ(bench.store.ReadInteger("Settings", "Tgas", 7), 0);
   bench.frame.reset();
@@ -88,28 +101,23 @@ TEST(OscilloscopePage, ARecordingIsSavedLoadedAndNotLostByAccident) {
   ASSERT_TRUE(bench.Connect());
   CTabDiagnostics& page = OpenScope(bench);
   ASSERT_TRUE(UiBench::WaitFor([&] { return bench.Text("scope_value_rpm") != UiBench::kDashes; }));
+
+  // Samples go on arriving while a question is open.
+  const std::filesystem::path file = folder.Path() / "running.osc";
+  ASSERT_TRUE(page.Save(file));
+  const std::size_t before = LoadRecordingFile(file).traces.Length();
+  bench.boxes.answer = true;
+  bench.boxes.while_asking = [&] { EXPECT_TRUE(WaitForLiveData(bench, 20)); };
+  ASSERT_TRUE(page.Save(file));
+  EXPECT_GT(LoadRecordingFile(file).traces.Length(), before);
+
   bench.Click("scope_run");
   bench.Find<QPlainTextEdit>("scope_notes").setPlainText("cold start");
   const std::string speed = bench.Text("scope_value_rpm");
-
-  // Neither closing nor loading drops it without a yes.
-  bench.frame->close();
-  EXPECT_TRUE(bench.frame->isVisible());
-  EXPECT_FALSE(page.Load(folder.Path() / "other.osc"));
-  EXPECT_EQ(bench.Text("scope_value_rpm"), speed);
-  EXPECT_THAT(bench.boxes.said, ElementsAre("question: " + std::string(kRecordingUnsaved),
-                                            "question: " + std::string(kRecordingUnsaved)));
-
   ASSERT_TRUE(page.Save(folder.Path() / "new folder" / "first.osc"));
   bench.Find<QPlainTextEdit>("scope_notes").setPlainText("");
-  bench.boxes.answer = true;
   ASSERT_TRUE(page.Load(folder.Path() / "new folder" / "first.osc"));
   EXPECT_EQ(bench.Find<QPlainTextEdit>("scope_notes").toPlainText(), "cold start");
-  EXPECT_EQ(bench.Text("scope_value_rpm"), speed);
-
-  std::ofstream(folder.Path() / "broken.osc") << "<GASECUConfiguration/>";
-  EXPECT_FALSE(page.Load(folder.Path() / "broken.osc"));
-  EXPECT_THAT(bench.boxes.said, Contains("error: " + std::string(kConfigurationNotLoaded)));
   EXPECT_EQ(bench.Text("scope_value_rpm"), speed);
 
   for (const char* const name : {"graph.png", "graph.pdf", "values.csv"}) {

@@ -26,6 +26,16 @@ stop_wine() {
   timeout 20 wineserver -w >/dev/null 2>&1 || true
 }
 
+# Wine leads the user's Documents, Desktop and so on to the host's own folders; the prefix gets folders
+# of its own for them.
+keep_out_of_home() {
+  local link
+  find "$WINEPREFIX/drive_c/users" -maxdepth 3 -type l | while IFS= read -r link; do
+    rm "$link"
+    mkdir "$link"
+  done
+}
+
 # prepare_wine: makes the prefix when there is none, and starts it.
 prepare_wine() {
   at_exit stop_wine
@@ -38,6 +48,7 @@ prepare_wine() {
       return 1
     }
     stop_wine
+    keep_out_of_home
     touch "$WINEPREFIX/ready"
   fi
   start_wine

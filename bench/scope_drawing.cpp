@@ -1,0 +1,120 @@
+// What the oscilloscope costs: its page in a window of an ordinary size, twelve channels, ten
+// samples a second, by the real clock. Prints the share of a core that adding and drawing take
+// (process time over wall time), with the channels at the capacity of several time scales and all
+// of them shown, and the memory that a sample takes; fails above a goal.
+#include <malloc.h>
+#include <sys/resource.h>
+
+#include <QTimer>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include "ui/CTabDiagnostics.h"
+#include "ui/UiBench.h"
+
+namespace {
+
+using namespace zelorgas;
+
+constexpr double kCpuGoalPercent = 5;
+constexpr double kBytesGoal = 12;  // a sample; the number itself has 8
+constexpr int kSamplePeriodMs = 100;
+constexpr int kMeasuredMs = 8000;
+constexpr QSize kWindow{1400, 800};
+
+double CpuMs() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  const auto ms = [](const timeval& t) {
+    return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_usec) / 1e3;
+  };
+  return ms(usage.ru_utime) + ms(usage.ru_stime);
+}
+
+// Every channel moves, each in its own way, as an engine's signals do.
+ScopeSample SampleAt(int moment) {
+  ScopeSample sample{};
+  for (std::size_t i = 0; i < sample.size(); ++i) {
+    const double place = static_cast<double>(i) + 1;
+    sample[i] = place + std::sin(moment * place / 40) + std::sin(moment * 0.9) / 3;
+  }
+  return sample;
+}
+
+class Scope {
+ public:
+  void Add() { scope_.AddSample(SampleAt(moment_++)); }
+  void Fill(double time_scale) {
+    while (scope_.TimeScale() < time_scale) scope_.StretchTime();
+    while (scope_.Traces().Length() < scope_.Capacity()) Add();
+  }
+  Oscilloscope& Model() { return scope_; }
+
+ private:
+  Oscilloscope scope_;
+  int moment_ = 0;
+};
+
+bool MeasureDrawing(UiBench& bench, double time_scale) {
+  Scope scope;
+  scope.Fill(time_scale);
+  CTabDiagnostics page(bench.context, scope.Model());
+  page.resize(kWindow);
+  page.show();
+  page.ShowImage();
+  QTest::qWait(500);
+  QTimer timer;
+  timer.setTimerType(Qt::PreciseTimer);
+  QObject::connect(&timer, &QTimer::timeout, &page, [&] {
+    scope.Add();
+    page.ShowLive();
+  });
+  const auto now = [] { return std::chrono::steady_clock::now(); };
+  const auto start = now();
+  const double before = CpuMs();
+  timer.start(kSamplePeriodMs);
+  QTest::qWait(kMeasuredMs);
+  const double wall = std::chrono::duration<double, std::milli>(now() - start).count();
+  const double percent = 100 * (CpuMs() - before) / wall;
+  const bool reached = percent <= kCpuGoalPercent;
+  std::printf(
+      "oscilloscope of 12 x %4zu samples, 10 a second: %.2f %% of a core   goal %.0f %%   %s\n",
+      scope.Model().Capacity(), percent, kCpuGoalPercent, reached ? "reached" : "MISSED");
+  return reached;
+}
+
+double HeapBytes() { return static_cast<double>(mallinfo2().uordblks); }
+
+bool MeasureMemory() {
+  bool reached = true;
+  Scope scope;
+  const double before = HeapBytes();
+  for (const double time_scale : {1.0, 4.0, 16.0}) {
+    scope.Fill(time_scale);
+    // A full channel shifts without growing.
+    for (int i = 0; i < 1000; ++i) scope.Add();
+    const auto samples = static_cast<double>(kScopeChannels * scope.Model().Traces().Length());
+    const double bytes = (HeapBytes() - before) / samples;
+    const bool small = bytes <= kBytesGoal;
+    reached &= small;
+    std::printf("oscilloscope of 12 x %4.0f samples: %.2f bytes a sample   goal %.0f   %s\n",
+                samples / kScopeChannels, bytes, kBytesGoal, small ? "reached" : "MISSED");
+  }
+  return reached;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (getenv("DISPLAY") == nullptr) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  const QApplication application(argc, argv);
+  bool reached = MeasureMemory();
+  const std::unique_ptr<Clock> clock = MakeSteadyClock();
+  UiBench bench(*clock);
+  bench.frame->hide();
+  for (const double time_scale : {16.0, 4.0, 1.0}) reached &= MeasureDrawing(bench, time_scale);
+  return reached ? 0 : 1;
+}
