@@ -27,9 +27,9 @@ class NoSink final : public StatusSink {
 };
 
 class NoBoxes final : public MessageBoxes {
-  void Inform(std::string_view, MessageIcon) override {}
-  bool Ask(std::string_view) override { return false; }
-  void Status(std::string_view) override {}
+  void Inform(const Message&, MessageIcon) override {}
+  bool Ask(const Message&) override { return false; }
+  void Status(const Message&) override {}
 };
 
 class Bench {

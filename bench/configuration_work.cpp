@@ -196,7 +196,7 @@ int main(int argc, char** argv) {
   const std::string_view work = argv[1];
   const std::string file = argv[2];
   ConfigurationBlock block = MakeBlock();
-  std::string problem;
+  zelorgas::Message problem;
   for (long times = std::strtol(argv[3], nullptr, 10); times > 0; --times) {
     if (work == "store") {
       Require(zelorgas::WriteConfigurationFile(zelorgas::PathFromText(file), block, 0, Notes(),

@@ -35,9 +35,9 @@ class NoStatus final : public StatusSink {
 class YesToAll final : public MessageBoxes {
  public:
   std::string last;
-  void Inform(std::string_view text, MessageIcon) override { last = text; }
-  bool Ask(std::string_view) override { return true; }
-  void Status(std::string_view) override {}
+  void Inform(const Message& text, MessageIcon) override { last = text.English(); }
+  bool Ask(const Message&) override { return true; }
+  void Status(const Message&) override {}
 };
 
 // A line with an ECU at its end, as the document sees it.

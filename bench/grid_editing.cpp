@@ -45,11 +45,11 @@ class FullReadAwaited final : public StatusSink {
 };
 
 class NoBoxes final : public MessageBoxes {
-  void Inform(std::string_view text, MessageIcon) override {
-    throw std::runtime_error(std::string(text));
+  void Inform(const Message& text, MessageIcon) override {
+    throw std::runtime_error(text.English());
   }
-  [[nodiscard]] bool Ask(std::string_view) override { return false; }
-  void Status(std::string_view) override {}
+  [[nodiscard]] bool Ask(const Message&) override { return false; }
+  void Status(const Message&) override {}
 };
 
 // When the first write since Reset went out.

@@ -45,7 +45,7 @@ void Require(bool done) {
 }
 
 std::size_t SaveRecording(const ScopeTraces& traces, const std::string& file) {
-  std::string reason;
+  zelorgas::Message reason;
   Require(zelorgas::WriteRecording(traces, file, reason));
   return 1;
 }

@@ -9,7 +9,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 
 #include "ui/CTabDiagnostics.h"
@@ -109,7 +108,7 @@ bool MeasureMemory() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (getenv("DISPLAY") == nullptr) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  if (!qEnvironmentVariableIsSet("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   bool reached = MeasureMemory();
   const std::unique_ptr<Clock> clock = MakeSteadyClock();

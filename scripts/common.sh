@@ -9,11 +9,11 @@ cd "$ROOT" || exit
 # The same on every machine: messages are read by people and compared by scripts.
 export LC_ALL=C.UTF-8
 
-BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev libqcustomplot-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build ccache qt6-base-dev qt6-l10n-tools libqcustomplot-dev)
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" libgtest-dev libgmock-dev
   pkg-config libmodbus-dev python3)
 WINDOWS_PACKAGES=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix googletest qt6-base-dev
-  qt6-base-dev-tools libqcustomplot-dev dpkg-dev nsis)
+  qt6-base-dev-tools qt6-l10n-tools libqcustomplot-dev dpkg-dev nsis)
 WINDOW_TEST_PACKAGES=(wine wine64 xvfb xdotool imagemagick)
 ICON_PACKAGES=(librsvg2-bin icoutils)
 

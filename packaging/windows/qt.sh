@@ -11,7 +11,7 @@ QT_FEATURES_OFF=(
   # backends
   vulkan direct2d direct2d1_1 tuiotouch glib icu zstd etw lttng
   # file formats; pictures are PNG and PDF
-  gif ico jpeg imageformat_ppm imageformat_xbm imageformat_xpm movie
+  gif ico jpeg imageformat_ppm imageformat_xbm movie
   textmarkdownreader textmarkdownwriter textodfwriter mimetype_database
   # Core and Gui
   hijricalendar jalalicalendar islamiccivilcalendar sharedmemory systemsemaphore

@@ -23,16 +23,15 @@ std::filesystem::path NewBackupFile(const std::filesystem::path& folder) {
 
 std::optional<std::filesystem::path> BackUpConfiguration(ClpgecuDoc& document,
                                                          const std::filesystem::path& folder,
-                                                         std::string_view notes,
-                                                         std::string& problem) {
+                                                         std::size_t routing_map,
+                                                         std::string_view notes, Message& problem) {
   const ModbusResult result = ReadConfigurationIntoImage(document, {});
   if (result != ModbusResult::kOk) {
     problem = document.Link().ErrorText(result);
     return std::nullopt;
   }
   const std::filesystem::path file = NewBackupFile(folder);
-  if (!WriteConfigurationFile(file, document.Snapshot().block, document.RoutingMap(), notes,
-                              problem)) {
+  if (!WriteConfigurationFile(file, document.Snapshot().block, routing_map, notes, problem)) {
     return std::nullopt;
   }
   return file;

@@ -20,7 +20,6 @@ constexpr std::uint8_t kOldestPolled = 36;  // software minor versions of major 
 constexpr std::uint8_t kNewestPolled = 39;
 constexpr std::uint8_t kKeepsConnection = 39;  // from here on a lost link needs no full read
 constexpr unsigned kFailuresAllowed = 2;
-constexpr std::uint16_t kStatusWords = 7;
 constexpr std::uint16_t kInputBits = 7;
 constexpr std::uint16_t kLiveBlockBWords = 16;
 constexpr std::uint16_t kExtraChannels = 2 * kCylinders;
@@ -129,12 +128,7 @@ CommWorker::Answer CommWorker::ReadStatus() {
   }
   {
     const std::lock_guard guard(document_.image_lock_);
-    EcuImage& image = document_.image_;
-    std::ranges::copy(status, image.status_words.begin());
-    if (!image.serial) image.serial = image.StatusSerial();
-    if (image.StatusSoftware() == image.software && image.StatusSerial() == image.serial) {
-      return Answer::kSame;
-    }
+    if (document_.image_.TakeStatus(status)) return Answer::kSame;
   }
   another_ecu_ = true;
   document_.Post(CommStatus::kAnotherEcu);

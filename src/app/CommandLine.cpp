@@ -11,7 +11,11 @@ namespace {
 constexpr std::string_view kAdmin = "admin";
 constexpr std::string_view kDemo = "demo";
 constexpr std::array<std::string_view, 2> kFileExtensions = {".fob", ".osc"};
-constexpr std::string_view kUsage = "\nUsage: zelorgas [admin] [demo] [FILE.fob|FILE.osc]";
+constexpr FixedText kTwoFiles = FixedText::Of(
+    "Only one file can be opened, not also \"%1\".\n"
+    "Usage: zelorgas [admin] [demo] [FILE.fob|FILE.osc]");
+constexpr FixedText kUnknown =
+    FixedText::Of("Unknown argument \"%1\".\nUsage: zelorgas [admin] [demo] [FILE.fob|FILE.osc]");
 
 bool IsDocument(std::string_view argument) {
   return std::ranges::any_of(kFileExtensions, [argument](std::string_view extension) {
@@ -37,9 +41,7 @@ CommandLine ParseCommandLine(std::span<const std::string> arguments) {
     } else if (IsDocument(argument) && line.file.empty()) {
       line.file = argument;
     } else if (line.problem.empty()) {
-      const std::string_view reason =
-          IsDocument(argument) ? "Only one file can be opened, not also \"" : "Unknown argument \"";
-      line.problem.append(reason).append(argument).append("\".").append(kUsage);
+      line.problem = {IsDocument(argument) ? kTwoFiles : kUnknown, argument};
     }
   }
   return line;

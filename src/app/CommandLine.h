@@ -6,13 +6,15 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Message.h"
+
 namespace zelorgas {
 
 struct CommandLine {
-  bool admin = false;   // administrator mode
-  bool demo = false;    // connect to the simulated ECU
-  std::string file;     // the document to open; empty when none is given
-  std::string problem;  // why the program cannot go on, for a person; empty when all is well
+  bool admin = false;  // administrator mode
+  bool demo = false;   // connect to the simulated ECU
+  std::string file;    // the document to open; empty when none is given
+  Message problem;     // why the program cannot go on, for a person; empty when all is well
 };
 
 // `arguments` without the program's name and without those that the toolkit takes for itself.

@@ -9,26 +9,25 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::string_view kNewerFirmware =
+constexpr FixedText kNewerFirmware = FixedText::Of(
     "You have got a newer firmware version!\nPlease install the latest ZelorGAS version to get "
-    "installed controller supported.";
-constexpr std::string_view kObsoleteFirmware =
+    "installed controller supported.");
+constexpr FixedText kObsoleteFirmware = FixedText::Of(
     "ZelorGAS has detected an obsolete firmware version!\nPlease download the latest firmware "
-    "version to have a possibility to use new features.";
-constexpr std::string_view kReplaceQuestion =
-    "Do you want to replace the existing firmware version? ";
+    "version to have a possibility to use new features.");
+constexpr FixedText kVersionRequired = FixedText::Of(
+    "Current firmware version is \"%1\" while this configuration utility requires at least version "
+    "\"%2\"!");
+constexpr FixedText kReplaceQuestion =
+    FixedText::Of("Do you want to replace the existing firmware version? ");
 
 constexpr Version kOldestSupported{0, 36};
 constexpr Version kNewestSupported{0, 39};
 constexpr std::uint8_t kWithoutOffer = 39;  // minor versions below are offered an update
 
-std::string RequiredVersionText(Version found) {
-  std::array<char, 160> text{};
-  std::snprintf(
-      text.data(), text.size(),
-      "Current firmware version is \"%02d.%02d\" while this configuration utility requires "
-      "at least version \"%02d.%02d\"!",
-      found.major, found.minor, kOldestSupported.major, kOldestSupported.minor);
+std::string VersionText(Version version) {
+  std::array<char, 8> text{};
+  std::snprintf(text.data(), text.size(), "%02d.%02d", version.major, version.minor);
   return text.data();
 }
 
@@ -81,7 +80,7 @@ void EcuConnection::Disconnect() {
   identity_ = {};
 }
 
-EcuConnection::Outcome EcuConnection::Fail(std::string_view message) {
+EcuConnection::Outcome EcuConnection::Fail(FixedText message) {
   document_.Link().Close();
   boxes_.Inform(message, MessageIcon::kError);
   return Outcome::kFailed;
@@ -128,9 +127,11 @@ EcuConnection::Gate EcuConnection::CheckVersion(bool offer_update) {
   if (found > kNewestSupported) return {Fail(kNewerFirmware)};
   const bool supported = found >= kOldestSupported;
   if (supported && (found.minor >= kWithoutOffer || !offer_update)) return {Outcome::kConnected};
-  std::string question(kObsoleteFirmware);
-  if (!supported) question += "\n" + RequiredVersionText(found);
-  question += "\n" + std::string(kReplaceQuestion);
+  Message question = kObsoleteFirmware;
+  if (!supported) {
+    question.Append("\n", {kVersionRequired, VersionText(found), VersionText(kOldestSupported)});
+  }
+  question.Append("\n", kReplaceQuestion);
   const bool update = boxes_.Ask(question);
   if (supported) {
     // With a firmware that still works the connection goes on either way.

@@ -13,6 +13,7 @@
 #include "app/ClpgecuDoc.h"
 #include "app/Identification.h"
 #include "app/MessageBoxes.h"
+#include "platform/Message.h"
 #include "platform/SettingsStore.h"
 
 namespace zelorgas {
@@ -20,7 +21,7 @@ namespace zelorgas {
 // On: the bootloader does not start the application by itself after a while.
 inline constexpr std::uint16_t kStayInBootloaderCoil = 2;
 
-inline constexpr std::string_view kPortBusy = "Sorry! The specified COM port is busy!";
+inline constexpr FixedText kPortBusy = FixedText::Of("Sorry! The specified COM port is busy!");
 
 // What takes over when the ECU sits in its bootloader or the person wants newer firmware in it.
 class FirmwareUpdate {
@@ -69,7 +70,7 @@ class EcuConnection {
   [[nodiscard]] ModbusResult FailureResult() const { return failure_result_; }
 
  private:
-  Outcome Fail(std::string_view message);
+  Outcome Fail(FixedText message);
   Outcome Fail(const IdentifyOutcome& step);
   Outcome StartUpdate(bool in_bootloader);
   void StorePort();

@@ -38,6 +38,14 @@ OperatingMode EcuImage::Mode() const {
 bool EcuImage::ManifoldSensorFitted() const { return block[kManifoldSensorWord] != 0; }
 bool EcuImage::SecondLambdaFitted() const { return block[kSecondLambdaWord] != 0; }
 
+bool EcuImage::TakeStatus(std::span<const std::uint16_t> words) {
+  std::ranges::copy(words, status_words.begin());
+  if (StatusSoftware() != software) return false;
+  if (words.size() < status_words.size()) return true;
+  if (!serial) serial = StatusSerial();
+  return StatusSerial() == serial;
+}
+
 Version EcuImage::StatusSoftware() const {
   return VersionOfRegister(status_words[kSoftwareVersionRegister - kStatusFirstRegister]);
 }
@@ -63,16 +71,16 @@ char EcuImage::FirmwareIdentification() const {
   return static_cast<char>(RegisterCopy(kIdentificationRegister) >> 8U);
 }
 
-const char* ModeText(OperatingMode mode) {
+FixedText ModeText(OperatingMode mode) {
   switch (mode) {
     case OperatingMode::kNormal:
-      return "Normal";
+      return FixedText::Of("Normal");
     case OperatingMode::kEconomical:
-      return "Economical";
+      return FixedText::Of("Economical");
     case OperatingMode::kTurbo:
-      return "Turbo";
+      return FixedText::Of("Turbo");
     default:
-      return "Unknown";
+      return FixedText::Of("Unknown");
   }
 }
 

@@ -11,10 +11,12 @@
 #include "app/Identification.h"
 #include "app/LiveRecord.h"
 #include "config/ConfigurationBlock.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
-inline constexpr std::uint16_t kStatusFirstRegister = 32;    // input, 7 words
+inline constexpr std::uint16_t kStatusFirstRegister = 32;  // input
+inline constexpr std::uint16_t kStatusWords = 7;
 inline constexpr std::uint16_t kLiveBlockARegister = 43;     // input
 inline constexpr std::uint16_t kLiveBlockBRegister = 71;     // input, 16 words
 inline constexpr std::uint16_t kExtraChannelsRegister = 47;  // input, 12 words
@@ -61,7 +63,7 @@ struct EcuImage {
   // Of the connection. Until it is known, the first full read tells it.
   std::optional<std::uint32_t> serial;
   ConfigurationBlock block{};
-  std::array<std::uint16_t, 7> status_words{};
+  std::array<std::uint16_t, kStatusWords> status_words{};
   CoilImage coils;
   std::array<std::uint8_t, 7> input_bits{};
   double gas_pressure_bar = 0;                       // live block A: word / 100
@@ -81,6 +83,10 @@ struct EcuImage {
   [[nodiscard]] bool ManifoldSensorFitted() const;  // MAP_INSTALLED
   [[nodiscard]] bool SecondLambdaFitted() const;    // L2_INSTALLED
 
+  // Keeps `words`, the first two of the status words or all of them as they were read. False when
+  // another ECU gave them than the one that was connected to, as far as its software and its serial
+  // number are known.
+  [[nodiscard]] bool TakeStatus(std::span<const std::uint16_t> words);
   // The software version and the serial number among the status words.
   [[nodiscard]] Version StatusSoftware() const;
   [[nodiscard]] std::uint32_t StatusSerial() const;
@@ -96,6 +102,6 @@ struct EcuImage {
 };
 
 // "Normal", "Economical", "Turbo" or "Unknown".
-[[nodiscard]] const char* ModeText(OperatingMode mode);
+[[nodiscard]] FixedText ModeText(OperatingMode mode);
 
 }  // namespace zelorgas

@@ -1,7 +1,6 @@
 #include "app/Identification.h"
 
 #include <algorithm>
-#include <limits>
 #include <span>
 #include <utility>
 #include <vector>
@@ -9,20 +8,18 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::string_view kNoConnection =
-    "Couldn't establish connection with GASECU!\nPlease check out cables and power supply!";
-constexpr std::string_view kWrongVendor = "Unrecognized Vendor Name!";
-constexpr std::string_view kWrongProduct = "Unrecognized Product Code!";
-constexpr std::string_view kNoRevision = "Could not get revision number!";
-constexpr std::string_view kNoBoardInformation =
-    "Error while loading installation information!\nPlease try again!";
+constexpr FixedText kNoConnection = FixedText::Of(
+    "Couldn't establish connection with GASECU!\nPlease check out cables and power supply!");
+constexpr FixedText kWrongVendor = FixedText::Of("Unrecognized Vendor Name!");
+constexpr FixedText kWrongProduct = FixedText::Of("Unrecognized Product Code!");
+constexpr FixedText kNoRevision = FixedText::Of("Could not get revision number!");
+constexpr FixedText kNoBoardInformation =
+    FixedText::Of("Error while loading installation information!\nPlease try again!");
 
 constexpr std::string_view kBootloaderRevision = "P%uV%uT%uM%uB%u";
 
 constexpr std::size_t kBasicObjects = 3;
 constexpr std::uint8_t kFirstBoardInformationMinor = 20;
-
-constexpr std::uint32_t kNumberTooLarge = std::numeric_limits<std::uint32_t>::max();
 
 bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -32,30 +29,28 @@ void SkipSpace(std::string_view& text) {
       static_cast<std::size_t>(std::ranges::find_if_not(text, IsSpace) - text.begin()));
 }
 
-// Takes a number off the front of `text`: white space, a sign, digits. What an unsigned number
-// cannot hold, a negative one included, gives kNumberTooLarge.
-std::optional<std::uint32_t> TakeNumber(std::string_view& text) {
+// Takes a number off the front of `text`: white space, a sign, digits. Gives its lowest byte, which
+// is all that a version keeps of it.
+std::optional<std::uint8_t> TakeNumber(std::string_view& text) {
   SkipSpace(text);
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);
   if (text.empty() || !IsDigit(text.front())) return std::nullopt;
-  std::uint64_t number = 0;
+  unsigned number = 0;
   for (; !text.empty() && IsDigit(text.front()); text.remove_prefix(1)) {
-    const auto digit = static_cast<std::uint64_t>(text.front() - '0');
-    number = std::min<std::uint64_t>(number * 10 + digit, kNumberTooLarge);
+    number = number * 10 + static_cast<unsigned>(text.front() - '0');
   }
-  if (negative && number != 0) return kNumberTooLarge;
-  return static_cast<std::uint32_t>(number);
+  return static_cast<std::uint8_t>(negative ? 0U - number : number);
 }
 
 // Matches `text` against `format`, where "%u" is a number, a blank any white space or none, and
 // everything else itself. Gives the numbers when all of them are there; what follows the last one
 // is not looked at.
 template <std::size_t kCount>
-std::optional<std::array<std::uint32_t, kCount>> ScanNumbers(std::string_view text,
-                                                             std::string_view format) {
-  std::array<std::uint32_t, kCount> numbers{};
-  for (std::uint32_t& number : numbers) {
+std::optional<std::array<std::uint8_t, kCount>> ScanNumbers(std::string_view text,
+                                                            std::string_view format) {
+  std::array<std::uint8_t, kCount> numbers{};
+  for (std::uint8_t& number : numbers) {
     for (; !format.starts_with("%u"); format.remove_prefix(1)) {
       if (format.front() == ' ') {
         SkipSpace(text);
@@ -65,17 +60,11 @@ std::optional<std::array<std::uint32_t, kCount>> ScanNumbers(std::string_view te
       text.remove_prefix(1);
     }
     format.remove_prefix(2);
-    const std::optional<std::uint32_t> taken = TakeNumber(text);
+    const std::optional<std::uint8_t> taken = TakeNumber(text);
     if (!taken) return std::nullopt;
     number = *taken;
   }
   return numbers;
-}
-
-std::optional<Version> MakeVersion(std::uint32_t major, std::uint32_t minor) {
-  constexpr std::uint32_t kMax = std::numeric_limits<std::uint8_t>::max();
-  if (major > kMax || minor > kMax) return std::nullopt;
-  return Version{static_cast<std::uint8_t>(major), static_cast<std::uint8_t>(minor)};
 }
 
 // From 0.12 on the ECU answers for its hardware version and serial number.
@@ -84,16 +73,13 @@ bool KnowsHardwareAndSerial(Version software) { return software.major == 0 && so
 }  // namespace
 
 std::optional<Revision> ParseRevision(std::string_view text) {
-  std::optional<Version> software;
-  std::optional<Version> hardware = Version{};
   if (const auto four = ScanNumbers<4>(text, "SV %u.%u@HV %u.%u")) {
-    software = MakeVersion((*four)[0], (*four)[1]);
-    hardware = MakeVersion((*four)[2], (*four)[3]);
-  } else if (const auto five = ScanNumbers<5>(text, kBootloaderRevision)) {
-    software = MakeVersion((*five)[1], (*five)[2]);
+    return Revision{{(*four)[0], (*four)[1]}, {(*four)[2], (*four)[3]}};
   }
-  if (!software || !hardware) return std::nullopt;
-  return Revision{*software, *hardware};
+  if (const auto five = ScanNumbers<5>(text, kBootloaderRevision)) {
+    return Revision{{(*five)[1], (*five)[2]}, {}};
+  }
+  return std::nullopt;
 }
 
 std::string FormatSerialNumber(std::uint32_t serial) {

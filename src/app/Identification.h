@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "link/ModbusMaster.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -18,7 +19,7 @@ inline constexpr std::string_view kVendorName = "Tarnwick Ltd.";
 inline constexpr std::string_view kProductCode = "Petrol<=>GAS ECU Conversion kit";
 inline constexpr std::string_view kBootloaderModel = "Bootloader";
 
-inline constexpr std::string_view kNoTargetInfo = "Couldn't get target application info!";
+inline constexpr FixedText kNoTargetInfo = FixedText::Of("Couldn't get target application info!");
 
 inline constexpr std::uint8_t kBasicIdentification = 1;    // objects 0 to 2
 inline constexpr std::uint8_t kRegularIdentification = 2;  // objects 3 and up
@@ -52,7 +53,7 @@ struct Revision {
 
 // Understands "SV %u.%u@HV %u.%u" (all four numbers) and "P%uV%uT%uM%uB%u" (all five; V and T are
 // the software version), each with any text behind it; white space may stand before a number.
-// Nothing for any other text, or for a version number that is negative or above 255.
+// Nothing for any other text. Of a number that no byte holds its lowest byte counts.
 [[nodiscard]] std::optional<Revision> ParseRevision(std::string_view text);
 
 // "ECU%06d" of the serial number.
@@ -74,7 +75,7 @@ struct EcuIdentity {
 // `result` is the link's when the link failed, kOk when the ECU answered something unexpected.
 struct [[nodiscard]] IdentifyOutcome {
   ModbusResult result = ModbusResult::kOk;
-  std::string_view message;
+  FixedText message;
 
   [[nodiscard]] bool Ok() const { return message.empty(); }
 };

@@ -1,5 +1,7 @@
 #include "app/LinkSession.h"
 
+#include <vector>
+
 namespace zelorgas {
 namespace {
 
@@ -25,6 +27,17 @@ LinkSession::~LinkSession() {
   document_.Link().SetAttemptCount(1);
   document_.ImageUnlock();
   document_.PauseWorker(false);
+}
+
+ModbusResult LinkSession::CheckEcu(bool& same) {
+  // An old ECU has no serial number, and less to say.
+  constexpr std::uint16_t kVersionWords = 2;
+  const std::uint16_t count = Image().serial ? kStatusWords : kVersionWords;
+  std::vector<std::uint16_t> words;
+  const ModbusResult result =
+      Link().ReadInputRegisters(ECU_SLAVE_ADDRESS, kStatusFirstRegister, count, words);
+  if (result == ModbusResult::kOk) same = Image().TakeStatus(words);
+  return result;
 }
 
 ModbusResult LinkSession::WriteRegister(std::uint16_t reg, std::uint16_t value) {

@@ -10,12 +10,13 @@
 #include <string_view>
 
 #include "app/ClpgecuDoc.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
 // What a person reads when a write of the configuration did not get through.
-inline constexpr std::string_view kParameterNotLoaded =
-    "The parameter could not be loaded into the target system!";
+inline constexpr FixedText kParameterNotLoaded =
+    FixedText::Of("The parameter could not be loaded into the target system!");
 
 class LinkSession {
  public:
@@ -35,6 +36,10 @@ class LinkSession {
 
   [[nodiscard]] ModbusSerialPort& Link() { return document_.Link(); }
   [[nodiscard]] EcuImage& Image() { return document_.Image(); }
+
+  // Asks the ECU on the line who it is. With kOk, `same` says whether it is the one that was
+  // connected to: the cable may have been moved to another car while a person was asked something.
+  ModbusResult CheckEcu(bool& same);
 
   // Write holding registers of the ECU with function 6 or 16; what it has taken is in the image
   // then. On a failure the image keeps its words.

@@ -8,14 +8,13 @@
 #include "app/LinkSession.h"
 #include "app/StoreProcedure.h"
 #include "config/BlockTransfer.h"
-#include "config/Utf8Text.h"
 #include "platform/FileSystem.h"
 
 namespace zelorgas {
 namespace {
 
 constexpr std::chrono::milliseconds kRest{25};
-constexpr std::string_view kTryAgain = "\nDo you want to try again?";
+constexpr FixedText kTryAgain = FixedText::Of("Do you want to try again?");
 
 void Report(const TransferProgress& progress, TransferStage stage, std::size_t words) {
   if (progress) progress(stage, words);
@@ -27,9 +26,8 @@ void PutIntoImage(ClpgecuDoc& document, const ConfigurationBlock& block) {
   document.ImageUnlock();
 }
 
-ModbusResult ReadWholeBlock(ClpgecuDoc& document, TransferStage stage,
+ModbusResult ReadWholeBlock(LinkSession& session, TransferStage stage,
                             const TransferProgress& progress, ConfigurationBlock& block) {
-  LinkSession session(document, LinkSession::Wait::kGrace);
   Report(progress, stage, 0);
   const ChunkDone store = StoreInto(block);
   return ReadBlock(session.Link(), [&](std::size_t offset, std::span<const std::uint16_t> words) {
@@ -42,7 +40,8 @@ ModbusResult ReadWholeBlock(ClpgecuDoc& document, TransferStage stage,
 
 ModbusResult ReadConfigurationIntoImage(ClpgecuDoc& document, const TransferProgress& progress) {
   ConfigurationBlock block{};
-  const ModbusResult result = ReadWholeBlock(document, TransferStage::kReading, progress, block);
+  LinkSession session(document, LinkSession::Wait::kGrace);
+  const ModbusResult result = ReadWholeBlock(session, TransferStage::kReading, progress, block);
   if (result == ModbusResult::kOk) PutIntoImage(document, block);
   return result;
 }
@@ -50,13 +49,17 @@ ModbusResult ReadConfigurationIntoImage(ClpgecuDoc& document, const TransferProg
 LoadResult LoadProcedure::Run(const LoadRequest& request) {
   result_ = {};
   result_.outcome = RunSteps(request);
+  Report(progress_, TransferStage::kDone, kBlockWords);
   switch (result_.outcome) {
     case Outcome::kLoaded:
       boxes_.Inform(kConfigurationLoaded, MessageIcon::kInformation);
       break;
-    case Outcome::kUnchecked:
-      boxes_.Inform(std::string(kConfigurationUnchecked) + ".", MessageIcon::kExclamation);
+    case Outcome::kUnchecked: {
+      Message text = kConfigurationUnchecked;
+      text.Append(".", {});
+      boxes_.Inform(text, MessageIcon::kExclamation);
       break;
+    }
     case Outcome::kNoFile:
     case Outcome::kDeclined:
     case Outcome::kDamaged:
@@ -79,50 +82,74 @@ LoadProcedure::Outcome LoadProcedure::RunSteps(const LoadRequest& request) {
   if (!StoreBackup(request)) return Outcome::kNoBackup;
   const ConfigurationBlock block = result_.file.Over(present_);
   if (!Write(block)) {
-    std::string text = std::to_string(result_.words_written) + " of " +
-                       std::to_string(kBlockWords) + " values have been written.";
-    if (!result_.backup.empty()) {
-      text += " What the ECU held before is stored in " + PathText(result_.backup);
-    }
+    Message text(FixedText::Of("%1 of %2 values have been written."), result_.words_written,
+                 kBlockWords);
+    text.Append(" ", BackupText());
     boxes_.Status(text);
     return Outcome::kUnfinished;
   }
-  return Check(block);
+  const Outcome outcome = Check(block);
+  if (outcome != Outcome::kLoaded && !result_.backup.empty()) boxes_.Status(BackupText());
+  return outcome;
+}
+
+Message LoadProcedure::BackupText() const {
+  if (result_.backup.empty()) return {};
+  return {FixedText::Of("What the ECU held before is stored in %1"), PathText(result_.backup)};
+}
+
+std::size_t LoadProcedure::RoutingMap(const LoadRequest& request) const {
+  return request.routing_map.value_or(document_.RoutingMap());
 }
 
 bool LoadProcedure::AcceptFile(const LoadRequest& request, Outcome& outcome) {
   result_.file =
-      ReadConfigurationFile(request.file, document_.Snapshot().block, document_.RoutingMap());
+      ReadConfigurationFile(request.file, document_.Snapshot().block, RoutingMap(request));
   if (!result_.file.Usable()) {
-    const std::vector<std::string>& faults = result_.file.faults;
-    std::string text = Shortened(faults.front());
-    if (faults.size() > 1) text += " (and " + std::to_string(faults.size() - 1) + " more)";
-    boxes_.Status(text);
+    const std::vector<Message>& faults = result_.file.faults;
+    boxes_.Status(faults.size() > 1 ? Message(FixedText::Of("%1 (and %2 more)"), faults.front(),
+                                              faults.size() - 1)
+                                    : faults.front());
     outcome = Outcome::kBadFile;
     return false;
   }
   if (result_.file.damage.empty()) return true;
   outcome = Outcome::kDamaged;
-  return boxes_.Ask("The file is damaged:\n" + Shortened(result_.file.damage) +
-                    "\nOnly a part of the configuration may be in it. Do you want to load what is "
-                    "left?");
+  return boxes_.Ask({FixedText::Of("The file is damaged:\n%1\nOnly a part of the configuration may "
+                                   "be in it. Do you want to load what is left?"),
+                     result_.file.damage});
 }
 
-bool LoadProcedure::Persist(const std::function<ModbusResult()>& attempt,
-                            const std::function<std::string()>& problem) {
+bool LoadProcedure::Persist(const std::function<ModbusResult(LinkSession&)>& attempt,
+                            const std::function<Message()>& problem) {
   for (;;) {
-    result_.link_result = attempt();
+    bool same = true;
+    {
+      LinkSession session(document_, LinkSession::Wait::kGrace);
+      result_.link_result = session.CheckEcu(same);
+      if (result_.link_result == ModbusResult::kOk && same) result_.link_result = attempt(session);
+    }
+    if (!same) {
+      // The worker finds out as well, and says so to who connects.
+      document_.RequestRefresh();
+      boxes_.Inform(kAnotherEcuAnswers, MessageIcon::kExclamation);
+      return false;
+    }
     if (result_.link_result == ModbusResult::kOk) return true;
-    const std::string reason = ": " + document_.Link().ErrorText(result_.link_result);
-    if (!boxes_.Ask(problem() + reason + std::string(kTryAgain))) return false;
+    Message question = problem();
+    question.Append(": ", document_.Link().ErrorText(result_.link_result));
+    question.Append("\n", kTryAgain);
+    if (!boxes_.Ask(question)) return false;
   }
 }
 
 bool LoadProcedure::ReadPresent() {
   return Persist(
-      [this] { return ReadWholeBlock(document_, TransferStage::kReading, progress_, present_); },
+      [this](LinkSession& session) {
+        return ReadWholeBlock(session, TransferStage::kReading, progress_, present_);
+      },
       [] {
-        return std::string(
+        return FixedText::Of(
             "Nothing has been written: the ECU's present configuration could not be read");
       });
 }
@@ -130,19 +157,20 @@ bool LoadProcedure::ReadPresent() {
 bool LoadProcedure::StoreBackup(const LoadRequest& request) {
   const std::filesystem::path file = NewBackupFile(request.backup_folder);
   const std::string notes =
-      "What the ECU held before " + PathText(request.file.filename()) + " was loaded into it";
-  std::string problem;
-  if (WriteConfigurationFile(file, present_, document_.RoutingMap(), notes, problem)) {
+      boxes_.WordsOf({FixedText::Of("What the ECU held before %1 was loaded into it"),
+                      PathText(request.file.filename())});
+  Message problem;
+  if (WriteConfigurationFile(file, present_, RoutingMap(request), notes, problem)) {
     result_.backup = file;
     return true;
   }
-  return boxes_.Ask("The ECU's present configuration could not be stored beforehand.\n" + problem +
-                    "\nDo you want to write over it all the same?");
+  return boxes_.Ask({FixedText::Of("The ECU's present configuration could not be stored "
+                                   "beforehand.\n%1\nDo you want to write over it all the same?"),
+                     problem});
 }
 
 bool LoadProcedure::Write(const ConfigurationBlock& block) {
-  const auto write = [&] {
-    LinkSession session(document_, LinkSession::Wait::kGrace);
+  const auto write = [&](LinkSession& session) {
     Report(progress_, TransferStage::kWriting, 0);
     const ChunkDone keep = StoreInto(session.Image().block);
     return WriteBlock(session.Link(), block,
@@ -156,39 +184,37 @@ bool LoadProcedure::Write(const ConfigurationBlock& block) {
                       });
   };
   return Persist(write, [this] {
-    return "The link failed after " + std::to_string(result_.words_written) + " of " +
-           std::to_string(kBlockWords) + " values had been written";
+    return Message(FixedText::Of("The link failed after %1 of %2 values had been written"),
+                   result_.words_written, kBlockWords);
   });
 }
 
 LoadProcedure::Outcome LoadProcedure::Check(const ConfigurationBlock& block) {
   ConfigurationBlock held{};
-  const auto read = [&] {
-    return ReadWholeBlock(document_, TransferStage::kChecking, progress_, held);
+  const auto read = [&](LinkSession& session) {
+    return ReadWholeBlock(session, TransferStage::kChecking, progress_, held);
   };
-  if (!Persist(read, [] { return std::string(kConfigurationUnchecked); })) {
-    return Outcome::kUnchecked;
-  }
+  if (!Persist(read, [] { return kConfigurationUnchecked; })) return Outcome::kUnchecked;
   result_.differences = CompareBlocks(block, held);
   if (result_.differences.empty()) return Outcome::kLoaded;
   PutIntoImage(document_, held);
-  boxes_.Inform("The ECU has not taken everything that was written:\n" +
-                    ListOfDifferences(result_.differences),
+  Report(progress_, TransferStage::kDone, kBlockWords);
+  boxes_.Inform({FixedText::Of("The ECU has not taken everything that was written:\n%1"),
+                 ListOfDifferences(result_.differences)},
                 MessageIcon::kExclamation);
   return Outcome::kDifferent;
 }
 
-std::string ListOfDifferences(const std::vector<BlockDifference>& differences) {
+Message ListOfDifferences(const std::vector<BlockDifference>& differences) {
   constexpr std::size_t kMostLines = 15;
-  std::string text;
+  Message text;
   for (std::size_t i = 0; i < std::min(differences.size(), kMostLines); ++i) {
     const BlockDifference& difference = differences[i];
-    if (i != 0) text += '\n';
-    text += difference.cell->Label() + ": " + difference.first_text +
-            " was written, the ECU holds " + difference.second_text;
+    text.Append("\n", {FixedText::Of("%1: %2 was written, the ECU holds %3"),
+                       difference.cell->Label(), difference.first_text, difference.second_text});
   }
   if (differences.size() > kMostLines) {
-    text += "\nand " + std::to_string(differences.size() - kMostLines) + " more";
+    text.Append("\n", {FixedText::Of("and %1 more"), differences.size() - kMostLines});
   }
   return text;
 }

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,22 +19,30 @@
 #include "config/BlockComparison.h"
 #include "config/ConfigurationFile.h"
 #include "link/ModbusResult.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
-inline constexpr std::string_view kLoadQuestion =
+class LinkSession;
+
+inline constexpr FixedText kLoadQuestion = FixedText::Of(
     "The current configuration data are giong to be loaded from the selected file!\n"
-    "Do you realy want to continue?";
-inline constexpr std::string_view kConfigurationLoaded =
-    "The configuration data have been loaded successfully!";
-inline constexpr std::string_view kConfigurationNotLoaded =
-    "An error has occured while trying to load configuration data!";
-inline constexpr std::string_view kConfigurationUnchecked =
-    "The configuration has been written, but could not be read back and compared";
+    "Do you realy want to continue?");
+inline constexpr FixedText kConfigurationLoaded =
+    FixedText::Of("The configuration data have been loaded successfully!");
+inline constexpr FixedText kConfigurationNotLoaded =
+    FixedText::Of("An error has occured while trying to load configuration data!");
 
-enum class TransferStage : std::uint8_t { kReading, kWriting, kChecking };
+inline constexpr FixedText kConfigurationUnchecked =
+    FixedText::Of("The configuration has been written, but could not be read back and compared");
 
-// Called between two exchanges: how many of the kBlockWords words the stage has moved.
+inline constexpr FixedText kAnotherEcuAnswers =
+    FixedText::Of("Another ECU answers than the one that was connected to!");
+
+enum class TransferStage : std::uint8_t { kReading, kWriting, kChecking, kDone };
+
+// Called between two exchanges: how many of the kBlockWords words the stage has moved. kDone comes
+// when no exchange follows, before the person is told what became of it.
 using TransferProgress = std::function<void(TransferStage stage, std::size_t words)>;
 
 // Reads the ECU's whole block, with the polling held, and only then puts it into the image.
@@ -42,6 +51,8 @@ ModbusResult ReadConfigurationIntoImage(ClpgecuDoc& document, const TransferProg
 struct LoadRequest {
   std::filesystem::path file;
   std::filesystem::path backup_folder;  // as BackupFolder gives it
+  // Which routing map the file carries; the document's when nothing is said.
+  std::optional<std::size_t> routing_map = std::nullopt;
 };
 
 struct LoadResult {
@@ -51,7 +62,8 @@ struct LoadResult {
     kDeclined,    // by the person; ECU and image are as they were
     kBadFile,     // likewise; `file` says what is wrong with it
     kDamaged,     // likewise; what is left in the damaged file is not wanted
-    kNotBegun,    // likewise; the ECU's present configuration could not be read
+    kNotBegun,    // likewise; the ECU's present configuration could not be read, or another ECU
+                  // answers than the one that was connected to
     kNoBackup,    // likewise; it could not be stored, and without that nothing is to be written
     kUnfinished,  // `words_written` words are in the ECU and in the image
     kUnchecked,   // all is written, and nothing is known of what the ECU has made of it
@@ -82,14 +94,18 @@ class LoadProcedure {
   // False when the file is not to be loaded; `outcome` says why.
   [[nodiscard]] bool AcceptFile(const LoadRequest& request, Outcome& outcome);
   [[nodiscard]] bool ReadPresent();
+  [[nodiscard]] std::size_t RoutingMap(const LoadRequest& request) const;
   [[nodiscard]] bool StoreBackup(const LoadRequest& request);
   [[nodiscard]] bool Write(const ConfigurationBlock& block);
+  // Where what the ECU held before is; empty when it is nowhere.
+  [[nodiscard]] Message BackupText() const;
   // Reads back what was written, which is `block`.
   [[nodiscard]] Outcome Check(const ConfigurationBlock& block);
-  // Runs `attempt` until it succeeds or the person gives up; `problem` gives the words of a failure
-  // that `link_result` belongs to.
-  [[nodiscard]] bool Persist(const std::function<ModbusResult()>& attempt,
-                             const std::function<std::string()>& problem);
+  // Runs `attempt` with the polling held, and the ECU known to be the one that was connected to,
+  // until it succeeds or the person gives up; `problem` gives the words of a failure that
+  // `link_result` belongs to. Another ECU is told and ends it.
+  [[nodiscard]] bool Persist(const std::function<ModbusResult(LinkSession&)>& attempt,
+                             const std::function<Message()>& problem);
 
   ClpgecuDoc& document_;
   MessageBoxes& boxes_;
@@ -99,6 +115,6 @@ class LoadProcedure {
 };
 
 // What the ECU holds instead, a line a cell; a long list is cut, with the number of the rest.
-[[nodiscard]] std::string ListOfDifferences(const std::vector<BlockDifference>& differences);
+[[nodiscard]] Message ListOfDifferences(const std::vector<BlockDifference>& differences);
 
 }  // namespace zelorgas

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
+#include <string>
+
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -14,11 +16,13 @@ class MessageBoxes {
   virtual ~MessageBoxes() = default;
 
   // Shows `text` until the person has seen it. Line breaks are "\n".
-  virtual void Inform(std::string_view text, MessageIcon icon) = 0;
+  virtual void Inform(const Message& text, MessageIcon icon) = 0;
   // Asks with the question icon and Yes and No. Closing the box is No.
-  [[nodiscard]] virtual bool Ask(std::string_view text) = 0;
+  [[nodiscard]] virtual bool Ask(const Message& text) = 0;
   // Shows `text` in the status line and goes on.
-  virtual void Status(std::string_view text) = 0;
+  virtual void Status(const Message& text) = 0;
+  // The words in which `text` would be shown, for a place where the person reads them later.
+  [[nodiscard]] virtual std::string WordsOf(const Message& text) const { return text.English(); }
 };
 
 }  // namespace zelorgas

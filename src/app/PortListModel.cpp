@@ -6,16 +6,16 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::string_view kSimulatedText = "Simulated ECU";
-constexpr std::string_view kTrackingFailed = "Error while tracking Serial COMM Device Map!";
-constexpr std::string_view kOpenFailed = "Error in RegOpenKeyEx!";
+constexpr FixedText kSimulatedText = FixedText::Of("Simulated ECU");
+constexpr FixedText kTrackingFailed = FixedText::Of("Error while tracking Serial COMM Device Map!");
+constexpr FixedText kOpenFailed = FixedText::Of("Error in RegOpenKeyEx!");
 
-std::string TextOf(const SerialPortInfo& port) {
-  return port.product.empty() ? port.name : port.name + " (" + port.product + ")";
-}
+constexpr FixedText kInstalled = FixedText::Of("A Serial COMM Device has just been installed!");
+constexpr FixedText kUninstalled = FixedText::Of("A Serial COMM Device has just been uninstalled!");
 
-std::string ChangeText(bool fewer) {
-  return std::string("A Serial COMM Device has just been ") + (fewer ? "un" : "") + "installed!";
+Message TextOf(const SerialPortInfo& port) {
+  return Message::Verbatim(port.product.empty() ? port.name
+                                                : port.name + " (" + port.product + ")");
 }
 
 }  // namespace
@@ -39,24 +39,25 @@ bool PortListModel::Select(std::size_t index) {
 
 std::optional<PortNotice> PortListModel::OnWatchEvent(PortWatchEvent event, bool connected) {
   if (event == PortWatchEvent::kTrackingFailed) {
-    return PortNotice{std::string(kTrackingFailed), MessageIcon::kError};
+    return PortNotice{kTrackingFailed, MessageIcon::kError};
   }
   if (event == PortWatchEvent::kOpenFailed) {
-    return PortNotice{std::string(kOpenFailed), MessageIcon::kError};
+    return PortNotice{kOpenFailed, MessageIcon::kError};
   }
   const std::vector<PortEntry> old = entries_;
   ReadList();
   if (connected || std::ranges::equal(entries_, old, {}, &PortEntry::name, &PortEntry::name)) {
     return std::nullopt;
   }
-  return PortNotice{ChangeText(entries_.size() < old.size()), MessageIcon::kInformation};
+  return PortNotice{entries_.size() < old.size() ? kUninstalled : kInstalled,
+                    MessageIcon::kInformation};
 }
 
 void PortListModel::ReadList() {
   entries_.clear();
   for (const SerialPortInfo& port : list_()) entries_.push_back({port.name, TextOf(port)});
   if (selected_.empty() && !entries_.empty()) selected_ = entries_.front().name;
-  entries_.push_back({std::string(kSimulatedPortName), std::string(kSimulatedText)});
+  entries_.push_back({std::string(kSimulatedPortName), kSimulatedText});
 }
 
 }  // namespace zelorgas

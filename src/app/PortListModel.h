@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/MessageBoxes.h"
+#include "platform/Message.h"
 #include "platform/PortList.h"
 #include "platform/PortWatcher.h"
 
@@ -21,12 +22,12 @@ inline constexpr std::string_view kSimulatedPortName = "sim";
 
 struct PortEntry {
   std::string name;  // for the link and the settings
-  std::string text;  // for the person
+  Message text;      // for the person
 };
 
 // What a report of the watcher has to say to the person.
 struct PortNotice {
-  std::string text;
+  Message text;
   MessageIcon icon = MessageIcon::kInformation;
 };
 

@@ -7,11 +7,12 @@
 
 #include "app/ClpgecuDoc.h"
 #include "link/ModbusResult.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
-inline constexpr std::string_view kRestartNotice =
-    "The GASECU has been restarted! Please wait while data are being synchronized...";
+inline constexpr FixedText kRestartNotice = FixedText::Of(
+    "The GASECU has been restarted! Please wait while data are being synchronized...");
 
 // Holds the polling, then writes the image's block to the ECU in chunks, with a short rest after
 // each. kOk when the ECU has taken all of it; otherwise the result of the chunk that failed, after

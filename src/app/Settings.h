@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Message.h"
 #include "platform/SettingsStore.h"
 
 namespace zelorgas {
@@ -20,10 +21,11 @@ inline constexpr int kLanguageEnglish = 1414;
 inline constexpr int kLanguageDefault = 9;  // the built-in texts, as any other number
 
 // The entries of the language list, in its order.
-inline constexpr std::array<std::string_view, 2> kLanguageNames = {"Bulgarian", "English"};
+inline constexpr std::array<FixedText, 2> kLanguageNames = {FixedText::Of("Bulgarian"),
+                                                            FixedText::Of("English")};
 
-inline constexpr std::string_view kLanguageNotice =
-    "Please, restart the application and the new language settings will take effect!";
+inline constexpr FixedText kLanguageNotice = FixedText::Of(
+    "Please, restart the application and the new language settings will take effect!");
 
 // The library, without folder, prefix and extension, that holds the texts of `language`. Empty when
 // they are built in.

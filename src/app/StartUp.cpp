@@ -10,13 +10,13 @@ constexpr std::string_view kDocumentTemplate =
 
 }  // namespace
 
-std::string_view StartFailureText(StartFailure failure) {
+FixedText StartFailureText(StartFailure failure) {
   switch (failure) {
     case StartFailure::kSockets:
-      return "Windows sockets initialization failed.";
+      return FixedText::Of("Windows sockets initialization failed.");
     case StartFailure::kOle:
-      return "OLE initialization failed.  Make sure that the OLE libraries are the correct "
-             "version.";
+      return FixedText::Of(
+          "OLE initialization failed.  Make sure that the OLE libraries are the correct version.");
     case StartFailure::kNone:
       break;
   }

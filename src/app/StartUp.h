@@ -6,12 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Message.h"
 #include "platform/SystemStart.h"
 
 namespace zelorgas {
 
 // What to show before the program ends; empty for kNone.
-[[nodiscard]] std::string_view StartFailureText(StartFailure failure);
+[[nodiscard]] FixedText StartFailureText(StartFailure failure);
 
 // Makes the user's own locale that of the process. Once, before other threads run.
 void UseLocaleOfUser();

@@ -8,32 +8,45 @@
 namespace zelorgas {
 namespace {
 
-std::string QuestionFor(const StoreRequest& request) {
-  if (StoreTargetOf(request.file) == StoreTarget::kExisting) return std::string(kStoreQuestion);
-  return "Do you want to store current configuration in file \"" + PathText(request.file.stem()) +
-         ".fob\"?";
+Message QuestionFor(const StoreRequest& request) {
+  if (StoreTargetOf(request.file) == StoreTarget::kExisting) return kStoreQuestion;
+  return {FixedText::Of("Do you want to store current configuration in file \"%1\"?"),
+          PathText(request.file.filename())};
 }
 
 }  // namespace
 
 StoreDialogTexts TextsOfStoreDialog(StoreTarget target) {
+  constexpr FixedText kStoredIn = FixedText::Of("Current configuration data will be stored in");
+  constexpr FixedText kName = FixedText::Of("File Name");
+  constexpr FixedText kNotes = FixedText::Of("Notes");
+  constexpr FixedText kAddNotes = FixedText::Of("Please, add notes");
   switch (target) {
     case StoreTarget::kUnnamed:
-      return {"Current configuration data will be stored in file!", "", "File Name", "Notes",
-              "Please, add notes"};
+      return {FixedText::Of("Current configuration data will be stored in file!"),
+              {},
+              kName,
+              kNotes,
+              kAddNotes};
     case StoreTarget::kSuggested:
-      return {"Current configuration data will be stored in a new file,\nplease add notes!", "",
-              "File Name", "Notes", "Please, add notes"};
+      return {FixedText::Of(
+                  "Current configuration data will be stored in a new file,\nplease add notes!"),
+              {},
+              kName,
+              kNotes,
+              kAddNotes};
     case StoreTarget::kNew:
-      return {"Current configuration data will be stored in", "a new file, please add notes!",
-              "File Name", "Notes", "Please, add notes"};
+      return {kStoredIn, FixedText::Of("a new file, please add notes!"), kName, kNotes, kAddNotes};
     case StoreTarget::kExisting:
-      return {"Current configuration data will be stored in",
-              "the existing file, please update the notes!", "Existing File Name", "Notes",
-              "Please, update the notes"};
+      return {kStoredIn, FixedText::Of("the existing file, please update the notes!"),
+              FixedText::Of("Existing File Name"), kNotes,
+              FixedText::Of("Please, update the notes")};
     default:
-      return {"Current configuration data will not be stored in file!", "", "File Name", "Notes",
-              ""};
+      return {FixedText::Of("Current configuration data will not be stored in file!"),
+              {},
+              kName,
+              kNotes,
+              {}};
   }
 }
 
@@ -50,7 +63,7 @@ StoreOutcome StoreConfiguration(ClpgecuDoc& document, MessageBoxes& boxes,
     return StoreOutcome::kNoFile;
   }
   if (!boxes.Ask(QuestionFor(request))) return StoreOutcome::kDeclined;
-  std::string problem;
+  Message problem;
   if (!WriteConfigurationFile(request.file, document.Snapshot().block, document.RoutingMap(),
                               request.notes, problem)) {
     boxes.Status(problem);

@@ -10,23 +10,24 @@
 
 #include "app/ClpgecuDoc.h"
 #include "app/MessageBoxes.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
 // What was asked for needs a file, and none is named.
-inline constexpr std::string_view kFileNameIncomplete =
-    "The filename has not completed!\nPlease specify all the required fields.";
+inline constexpr FixedText kFileNameIncomplete =
+    FixedText::Of("The filename has not completed!\nPlease specify all the required fields.");
 // Asked before a file is written over.
-inline constexpr std::string_view kStoreQuestion =
+inline constexpr FixedText kStoreQuestion = FixedText::Of(
     "The current configuration data are giong to be stored into the specified file!\n"
-    "Do you realy want to continue?";
-inline constexpr std::string_view kConfigurationStored =
-    "The configuration data have been stored successfully!";
-inline constexpr std::string_view kConfigurationNotStored =
-    "An error has occured while trying to store configuration data!";
+    "Do you realy want to continue?");
+inline constexpr FixedText kConfigurationStored =
+    FixedText::Of("The configuration data have been stored successfully!");
+inline constexpr FixedText kConfigurationNotStored =
+    FixedText::Of("An error has occured while trying to store configuration data!");
 // For a page on which nothing is selected when a load is asked for.
-inline constexpr std::string_view kSelectFileFirst =
-    "Please, select a file path from the tree view and then a file from the file list.";
+inline constexpr FixedText kSelectFileFirst = FixedText::Of(
+    "Please, select a file path from the tree view and then a file from the file list.");
 
 // What the store dialog is about to do.
 enum class StoreTarget : std::uint8_t {
@@ -36,13 +37,13 @@ enum class StoreTarget : std::uint8_t {
   kNew,        // a file that does not exist
   kExisting,   // a file that is going to be written over
 };
-// The dialog's words; views of constant texts. `detail` stands below `heading` and may be empty.
+// The dialog's words. `detail` stands below `heading` and may be empty.
 struct StoreDialogTexts {
-  std::string_view heading;
-  std::string_view detail;
-  std::string_view name_label;
-  std::string_view notes_label;
-  std::string_view notes_hint;
+  FixedText heading;
+  FixedText detail;
+  FixedText name_label;
+  FixedText notes_label;
+  FixedText notes_hint;
 };
 [[nodiscard]] StoreDialogTexts TextsOfStoreDialog(StoreTarget target);
 // kUnnamed, kNew or kExisting. `file` as StorageFile gives it, or empty.

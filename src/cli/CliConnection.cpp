@@ -4,12 +4,13 @@ namespace zelorgas {
 
 FirmwareUpdate::End FirmwareAdvice::Start(bool in_bootloader) {
   if (in_bootloader) {
-    boxes_.Inform("The ECU is in its bootloader and stays there until it gets its firmware.",
+    boxes_.Inform(Message::Verbatim(
+                      "The ECU is in its bootloader and stays there until it gets its firmware."),
                   MessageIcon::kInformation);
   }
   boxes_.Inform(
-      "This command does not replace firmware: zelorgas-cli flash does, and the firmware update of "
-      "ZelorGAS.",
+      Message::Verbatim("This command does not replace firmware: zelorgas-cli flash does, and the "
+                        "firmware update of ZelorGAS."),
       MessageIcon::kInformation);
   return End::kUntouched;
 }
@@ -23,7 +24,7 @@ CliConnection::CliConnection(CliSession& session)
 EcuConnection::Outcome CliConnection::Connect() {
   const EcuConnection::Outcome outcome = connection_.Connect(false);
   if (const ModbusResult result = connection_.FailureResult(); result != ModbusResult::kOk) {
-    session_.Message(session_.Ecu().ErrorText(result));
+    session_.Message(session_.Ecu().ErrorText(result).English());
   }
   return outcome;
 }

@@ -100,7 +100,7 @@ bool CliSession::StartTrace() {
   if (IsSpecialFile(options_.trace_file)) return false;
   if (!log_.Open(options_.trace_file, environment_.clock.Now())) return false;
   document_.Link().SetTraceSink([this](const FrameTrace& trace) {
-    log_.Write(trace, document_.Link().ErrorText(trace.result));
+    log_.Write(trace, document_.Link().ErrorText(trace.result).English());
   });
   return true;
 }
@@ -121,7 +121,7 @@ ExitStatus CliSession::UsageError(std::string_view text) {
 }
 
 ExitStatus CliSession::LinkError(std::string_view what, ModbusResult result) {
-  Message(std::string(what) + ": " + document_.Link().ErrorText(result));
+  Message(std::string(what) + ": " + document_.Link().ErrorText(result).English());
   return ExitStatus::kRefused;
 }
 

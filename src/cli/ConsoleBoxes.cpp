@@ -18,13 +18,13 @@ bool IsOneOf(const std::array<std::string_view, 3>& words, std::string_view answ
 
 }  // namespace
 
-void ConsoleBoxes::Inform(std::string_view text, MessageIcon) { session_.Message(text); }
+void ConsoleBoxes::Inform(const Message& text, MessageIcon) { session_.Message(text.English()); }
 
-void ConsoleBoxes::Status(std::string_view text) { session_.Message(text); }
+void ConsoleBoxes::Status(const Message& text) { session_.Message(text.English()); }
 
-bool ConsoleBoxes::Ask(std::string_view text) {
+bool ConsoleBoxes::Ask(const Message& text) {
   CliEnvironment& environment = session_.Environment();
-  session_.Message(text);
+  session_.Message(text.English());
   if (!environment.in_is_terminal) {
     environment.err << "[y/n] n (there is no terminal to answer on)\n";
     return false;
@@ -47,7 +47,7 @@ ExitStatus CheckCanAsk(CliSession& session, std::string_view why_asked) {
                             "without a terminal to ask on, --yes is needed");
 }
 
-ExitStatus Confirm(CliSession& session, std::string_view question, std::string_view why_asked) {
+ExitStatus Confirm(CliSession& session, FixedText question, std::string_view why_asked) {
   if (const ExitStatus status = CheckCanAsk(session, why_asked); status != ExitStatus::kDone) {
     return status;
   }

@@ -12,10 +12,10 @@ class ConsoleBoxes final : public MessageBoxes {
   // `session` outlives the boxes.
   explicit ConsoleBoxes(CliSession& session) : session_(session) {}
 
-  void Inform(std::string_view text, MessageIcon icon) override;
+  void Inform(const Message& text, MessageIcon icon) override;
   // Asks again until the answer is one; the end of the input is No.
-  bool Ask(std::string_view text) override;
-  void Status(std::string_view text) override;
+  bool Ask(const Message& text) override;
+  void Status(const Message& text) override;
 
  private:
   CliSession& session_;
@@ -27,6 +27,6 @@ class ConsoleBoxes final : public MessageBoxes {
 ExitStatus CheckCanAsk(CliSession& session, std::string_view why_asked = {});
 // Asks such a question: kDone when --yes or the person agrees, kRefused when the person does not,
 // kWrongUsage as above.
-ExitStatus Confirm(CliSession& session, std::string_view question, std::string_view why_asked = {});
+ExitStatus Confirm(CliSession& session, FixedText question, std::string_view why_asked = {});
 
 }  // namespace zelorgas

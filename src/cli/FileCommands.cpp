@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -24,14 +25,14 @@ constexpr std::string_view kEcu = "ecu";
 // others, about what nobody could foresee, still need a person.
 class AnsweredBoxes final : public MessageBoxes {
  public:
-  using Answered = bool (*)(std::string_view question, bool yes);
+  using Answered = bool (*)(const Message& question, bool yes);
 
   AnsweredBoxes(CliSession& session, Answered answered)
       : console_(session), answered_(answered), yes_(session.Option("--yes").has_value()) {}
 
-  void Inform(std::string_view text, MessageIcon icon) override { console_.Inform(text, icon); }
-  void Status(std::string_view text) override { console_.Status(text); }
-  bool Ask(std::string_view text) override { return answered_(text, yes_) || console_.Ask(text); }
+  void Inform(const Message& text, MessageIcon icon) override { console_.Inform(text, icon); }
+  void Status(const Message& text) override { console_.Status(text); }
+  bool Ask(const Message& text) override { return answered_(text, yes_) || console_.Ask(text); }
 
  private:
   ConsoleBoxes console_;
@@ -40,13 +41,9 @@ class AnsweredBoxes final : public MessageBoxes {
 };
 
 // A file that does not exist yet may be written: that is what was asked for.
-bool ReadIsAnswered(std::string_view question, bool yes) {
-  return yes || question != kStoreQuestion;
-}
+bool ReadIsAnswered(const Message& question, bool yes) { return yes || question != kStoreQuestion; }
 
-bool WriteIsAnswered(std::string_view question, bool yes) {
-  return yes && question == kLoadQuestion;
-}
+bool WriteIsAnswered(const Message& question, bool yes) { return yes && question == kLoadQuestion; }
 
 ExitStatus Connect(CliSession& session, CliConnection& connection) {
   if (const ExitStatus status = session.SelectLink(); status != ExitStatus::kDone) return status;
@@ -65,15 +62,15 @@ ExitStatus ReadEcu(CliSession& session) {
 // cut off or garbled is no good either where nobody can be asked about it.
 void ShowFindings(CliSession& session, const std::string& name, const LoadedConfiguration& file) {
   constexpr std::size_t kMost = 10;
-  const auto show = [&](const std::vector<std::string>& lines) {
+  const auto show = [&](const std::vector<Message>& lines) {
     for (std::size_t i = 0; i < std::min(lines.size(), kMost); ++i) {
-      session.Message(name + ": " + lines[i]);
+      session.Message(name + ": " + lines[i].English());
     }
     if (lines.size() > kMost) {
       session.Message(name + ": and " + std::to_string(lines.size() - kMost) + " more");
     }
   };
-  if (!file.damage.empty()) session.Message(name + ": " + file.damage);
+  if (!file.damage.empty()) session.Message(name + ": " + file.damage.English());
   show(file.faults);
   show(file.remarks);
 }
@@ -201,6 +198,18 @@ void PrintDifferences(CliSession& session, std::span<const BlockDifference> diff
   }
 }
 
+// Reading takes long; a file that cannot be written is told before. The folders on the way to it
+// may be still to come.
+bool CanStoreAt(std::filesystem::path path, std::string& reason) {
+  std::error_code error;
+  for (std::filesystem::path folder = path.parent_path();
+       !folder.empty() && folder != path && !std::filesystem::exists(folder, error);
+       folder = path.parent_path()) {
+    path = folder;
+  }
+  return CanWriteWholeFile(path, reason);
+}
+
 ExitStatus StatusOf(LoadResult::Outcome outcome) {
   switch (outcome) {
     case LoadResult::Outcome::kLoaded:
@@ -220,6 +229,10 @@ ExitStatus StatusOf(LoadResult::Outcome outcome) {
 ExitStatus RunRead(CliSession& session, std::span<const std::string> arguments) {
   if (arguments.size() != 1) return session.UsageError("read needs the file to store in");
   const std::filesystem::path path = PathFromText(arguments.front());
+  if (std::string reason; !CanStoreAt(path, reason)) {
+    session.Message("cannot write " + arguments.front() + ": " + reason);
+    return ExitStatus::kFileFailure;
+  }
   if (StoreTargetOf(path) == StoreTarget::kExisting) {
     const ExitStatus status = CheckCanAsk(session, arguments.front() + " exists; ");
     if (status != ExitStatus::kDone) return status;
@@ -280,6 +293,8 @@ ExitStatus RunWrite(CliSession& session, std::span<const std::string> arguments)
     document.Key("backup").String(PathText(result.backup));
     AppendDifferences(document, result.differences);
     session.Print(document.EndObject());
+  } else if (result.outcome == LoadResult::Outcome::kDifferent) {
+    PrintDifferences(session, result.differences);
   } else if (status == ExitStatus::kDone) {
     session.Print("loaded: " + name);
     if (!result.backup.empty()) {

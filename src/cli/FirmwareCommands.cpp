@@ -88,17 +88,17 @@ class UpdateBoxes final : public MessageBoxes {
         progress_(progress),
         yes_(session.Option("--yes").has_value()) {}
 
-  void Inform(std::string_view text, MessageIcon icon) override {
+  void Inform(const Message& text, MessageIcon icon) override {
     progress_.End();
     console_.Inform(text, icon);
   }
-  bool Ask(std::string_view text) override {
+  bool Ask(const Message& text) override {
     if (!yes_ && !console_.Ask(text)) return false;
     // While a question stands there, Ctrl+C ends the program as it does anywhere.
     if (!std::exchange(begun_, true)) session_.Environment().catch_interrupts(kInterrupts);
     return true;
   }
-  void Status(std::string_view text) override {
+  void Status(const Message& text) override {
     progress_.End();
     console_.Status(text);
   }
@@ -140,7 +140,7 @@ class Update {
     return StatusOf(download_.Program(image, ecu_));
   }
 
-  [[nodiscard]] std::string Name() const { return NameOfTarget(ecu_); }
+  [[nodiscard]] std::string Name() const { return NameOfTarget(ecu_).English(); }
   [[nodiscard]] double Seconds() const {
     return std::chrono::duration<double>(session_.Environment().clock.Now() - start_).count();
   }
@@ -172,7 +172,7 @@ class Update {
   }
 
   void ShowResult(ModbusResult result) {
-    if (result != ModbusResult::kOk) session_.Message(session_.Ecu().ErrorText(result));
+    if (result != ModbusResult::kOk) session_.Message(session_.Ecu().ErrorText(result).English());
   }
 
   [[nodiscard]] FirmwareHooks Hooks() {
@@ -198,14 +198,14 @@ class Update {
     session_.Message(download_.FlashChanged() && interrupts == 1 ? kGoesOn : kStopping);
   }
 
-  std::optional<std::string> StoreConfiguration() {
-    std::string problem;
+  bool StoreConfiguration() {
+    Message problem;
     stored_ = BackUpConfiguration(session_.Document(), BackupFolder(WorkingFolder()),
+                                  session_.Document().RoutingMap(),
                                   "What the ECU held before its firmware was updated", problem);
     session_.Message(stored_ ? "the configuration is stored in " + PathText(*stored_)
-                             : "the configuration could not be stored: " + problem);
-    if (!stored_) return std::nullopt;
-    return PathText(*stored_);
+                             : "the configuration could not be stored: " + problem.English());
+    return stored_.has_value();
   }
 
   CliSession& session_;
@@ -242,7 +242,7 @@ ExitStatus RunFlash(CliSession& session, std::span<const std::string> arguments)
   // A file that is no image is no reason to look for an ECU.
   const ImageContent content = ReadFirmwareImage(image);
   if (!content.problem.empty()) {
-    session.Message(name + ": " + std::string(content.problem));
+    session.Message(name + ": " + std::string(content.problem.English()));
     return ExitStatus::kFileFailure;
   }
   Update update(session);

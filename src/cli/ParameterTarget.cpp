@@ -7,7 +7,7 @@
 namespace zelorgas {
 namespace {
 
-constexpr Parameter kWholeRegister{"", 0, 0, 16, ""};
+constexpr Parameter kWholeRegister{"", 0, 0, 16, {}};
 constexpr std::size_t kSuggestions = 3;
 
 ModbusResult ReadWord(ModbusMaster& ecu, std::uint16_t register_number, std::uint16_t& word) {

@@ -80,9 +80,9 @@ ExitStatus CheckTarget(CliSession& session, const std::string& name) {
 }
 
 ExitStatus Store(CliSession& session, const ScopeTraces& traces, const std::string& name) {
-  std::string reason;
+  Message reason;
   if (!WriteRecording(traces, PathFromText(name), reason)) {
-    session.Message(reason);
+    session.Message(reason.English());
     return ExitStatus::kFileFailure;
   }
   if (session.Json()) {
@@ -145,7 +145,7 @@ ExitStatus RunRecord(CliSession& session, std::span<const std::string> arguments
 
 ExitStatus ShowRecording(CliSession& session, const std::string& name) {
   const RecordingContents contents = LoadRecordingFile(PathFromText(name));
-  if (!contents.detail.empty()) session.Message(contents.detail);
+  if (!contents.detail.empty()) session.Message(contents.detail.English());
   if (contents.fault == RecordingFault::kNoRecording) return ExitStatus::kFileFailure;
   session.Json() ? PrintJson(session, contents.traces) : PrintText(session, contents.traces);
   return contents.fault == RecordingFault::kNone ? ExitStatus::kDone : ExitStatus::kFileFailure;

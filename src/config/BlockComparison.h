@@ -14,7 +14,7 @@
 namespace zelorgas {
 
 // What stands for the number of a cell that a file does not give.
-inline constexpr std::string_view kMissingText = "(missing)";
+inline constexpr FixedText kMissingText = FixedText::Of("(missing)");
 
 struct BlockDifference {
   const BlockCell* cell;  // never null; lives as long as the program

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "config/ConfigurationBlock.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -33,13 +34,13 @@ struct LoadedConfiguration {
   std::string notes;  // UTF-8; older files may have them in a code page, which is taken for Latin-1
 
   // Why it cannot be loaded, in words; empty when it can.
-  std::vector<std::string> faults;
+  std::vector<Message> faults;
   // What is odd in it and does not hinder loading: a parameter that is missing and keeps its value,
   // a list that is too short, a number that was cut to 16 bits.
-  std::vector<std::string> remarks;
+  std::vector<Message> remarks;
   // What the XML text suffers from, one finding a line; a file that was cut off says it here. Empty
   // when it is sound.
-  std::string damage;
+  Message damage;
 
   [[nodiscard]] bool Usable() const { return faults.empty(); }
   // What an ECU that holds `base` is to hold when the file is loaded into it.
@@ -62,7 +63,7 @@ struct LoadedConfiguration {
 // the new file is and may not outlive a power failure.
 [[nodiscard]] bool WriteConfigurationFile(const std::filesystem::path& file,
                                           const ConfigurationBlock& block, std::size_t routing_map,
-                                          std::string_view notes, std::string& problem);
+                                          std::string_view notes, Message& problem);
 
 // Reads the file over `base`. A file that cannot be read, or is too large, is a fault.
 [[nodiscard]] LoadedConfiguration ReadConfigurationFile(const std::filesystem::path& file,

@@ -17,8 +17,9 @@ namespace zelorgas {
 // The same as an unsigned number; a negative one counts back from 2^32.
 [[nodiscard]] std::optional<std::uint32_t> ParseUnsigned(std::string_view text);
 
-// The decimal number that is the whole text, "1.25", "-3" or "4e2", as a double. Nothing for a
-// decimal comma, for "inf" and "nan", and for what a double cannot hold.
+// The decimal number that is the whole text, "1.25", "-3" or "4e2", as a double; 0 when it is
+// too small for one. White space and a sign in front are taken. Nothing for a decimal comma, for
+// "inf" and "nan", and for what is too large for a double.
 [[nodiscard]] std::optional<double> ParseFileDecimal(std::string_view text);
 
 // As "%d".

@@ -18,7 +18,6 @@ namespace {
 
 constexpr std::string_view kData = "Configuration_data";
 constexpr std::string_view kScalars = "CommonParams";
-constexpr std::string_view kSecondRootFinding = "Root element has sibling";
 constexpr std::uint16_t kWholeWord = 0xFFFF;
 
 std::string Excerpt(std::string_view text) {
@@ -98,20 +97,30 @@ class ConfigurationReader {
 
  private:
   void TakeFindings() {
-    std::string_view findings = document_.ErrorText();
-    while (!findings.empty()) {
-      const std::size_t end = std::min(findings.find('\n'), findings.size());
-      const std::string_view finding = findings.substr(0, end);
-      findings.remove_prefix(std::min(end + 1, findings.size()));
+    // As many as a question that quotes them has room for.
+    constexpr std::size_t kMostFindings = 20;
+    std::size_t count = 0;
+    for (const Message& finding : document_.Findings()) {
       // The notes are one.
       if (finding == kSecondRootFinding) continue;
-      if (!found_.damage.empty()) found_.damage += '\n';
-      found_.damage += finding;
+      if (++count <= kMostFindings) found_.damage.Append("\n", finding);
+    }
+    if (count > kMostFindings) {
+      found_.damage.Append("\n", {FixedText::Of("and %1 more"), count - kMostFindings});
     }
   }
 
-  void Fault(std::string text) { found_.faults.push_back(std::move(text)); }
-  void Remark(std::string text) { found_.remarks.push_back(std::move(text)); }
+  template <typename... Values>
+  void Fault(FixedText text, const Values&... values) {
+    found_.faults.emplace_back(text, values...);
+  }
+  template <typename... Values>
+  void Remark(FixedText text, const Values&... values) {
+    found_.remarks.emplace_back(text, values...);
+  }
+  void MissingList(std::string_view label) {
+    Remark(FixedText::Of("%1 is missing and keeps its values"), label);
+  }
 
   // Makes the element at the end of `path`, which begins below Configuration_data, the main
   // position. Each search begins anew: the order of the elements has no meaning.
@@ -132,17 +141,18 @@ class ConfigurationReader {
   bool ReadHead() {
     document_.ResetPosition();
     if (!document_.FindElement(kConfigurationRoot)) {
-      Fault("There is no element " + std::string(kConfigurationRoot));
+      Fault(FixedText::Of("There is no element %1"), kConfigurationRoot);
       return false;
     }
     if (const std::string version = document_.GetAttribute("Version");
         version != kConfigurationVersion) {
-      Fault("The version is " + Quoted(version) + " and not " + Quoted(kConfigurationVersion));
+      Fault(FixedText::Of("The version is %1 and not %2"), Quoted(version),
+            Quoted(kConfigurationVersion));
       return false;
     }
     const bool has_data = Find({});
     if (has_data && Find({kScalars})) return true;
-    Fault("There is no element " + std::string(has_data ? kScalars : kData));
+    Fault(FixedText::Of("There is no element %1"), has_data ? kScalars : kData);
     return false;
   }
 
@@ -162,16 +172,19 @@ class ConfigurationReader {
   // The parameter's number, when the file has one.
   std::optional<std::int32_t> Scalar(const Parameter& parameter) {
     const std::string text = document_.GetAttribute(parameter.name);
-    const std::string name(parameter.name);
     if (text.empty()) {
-      Remark(name + " is missing and keeps its value");
+      Remark(FixedText::Of("%1 is missing and keeps its value"), parameter.name);
       return std::nullopt;
     }
     const auto number = ParseSigned(text);
     if (!number) {
-      Remark(name + " is " + Quoted(text) + ", no whole number, and keeps its value");
+      Remark(FixedText::Of("%1 is %2, no whole number, and keeps its value"), parameter.name,
+             Quoted(text));
     } else if (*number < 0 || *number > parameter.MaxValue()) {
-      Remark(name + " is " + Excerpt(text) + ", more than it can hold, and is cut to 16 bits");
+      Remark(LowWord(*number) == *number
+                 ? FixedText::Of("%1 is %2, which does not fit")
+                 : FixedText::Of("%1 is %2, which does not fit, and is cut to 16 bits"),
+             parameter.name, Excerpt(text));
     }
     return number;
   }
@@ -208,7 +221,7 @@ class ConfigurationReader {
   template <typename Take>
   bool ReadList(std::string_view label, std::string_view name, std::size_t count, Take take) {
     if (!document_.HasAttribute(name)) {
-      Remark(std::string(label) + " is missing and keeps its values");
+      MissingList(label);
       return false;
     }
     const std::string value = document_.GetAttribute(name);
@@ -216,21 +229,25 @@ class ConfigurationReader {
     std::size_t index = 0;
     bool more = !rest.empty();
     for (; more && index < count; ++index) {
-      const std::size_t end = std::min(rest.find(';'), rest.size());
+      // A single number is no list, whatever is in it.
+      const std::size_t end = count == 1 ? rest.size() : std::min(rest.find(';'), rest.size());
       take(index, rest.substr(0, end));
       more = end < rest.size();
       rest.remove_prefix(std::min(end + 1, rest.size()));
     }
-    if (index < count || more) {
-      Remark(std::string(label) + " has " + (more ? "more" : "fewer") + " than " +
-             std::to_string(count) + (count == 1 ? " value" : " values"));
+    if (index < count && count == 1) {
+      Remark(FixedText::Of("%1 has fewer than 1 value"), label);
+    } else if (index < count || more) {
+      Remark(more ? FixedText::Of("%1 has more than %2 values")
+                  : FixedText::Of("%1 has fewer than %2 values"),
+             label, count);
     }
     return true;
   }
 
   void BadToken(std::string_view label, std::size_t index, std::string_view token) {
-    Fault(std::string(label) + ", value " + std::to_string(index + 1) + ": " + Quoted(token) +
-          " is no number that can be loaded");
+    Fault(FixedText::Of("%1, value %2: %3 is no number that can be loaded"), label, index + 1,
+          Quoted(token));
   }
 
   void ReadTables() {
@@ -241,7 +258,7 @@ class ConfigurationReader {
       if (element != field.element) {
         element = field.element;
         present = throttle ? Find({"CorrTPS", element}) : Find({element});
-        if (!present) Remark(std::string(element) + " is missing and keeps its values");
+        if (!present) MissingList(element);
       }
       if (!present) continue;
       const std::string label =
@@ -253,8 +270,8 @@ class ConfigurationReader {
           return;
         }
         if (!number->fits) {
-          Remark(label + ", value " + std::to_string(index + 1) + ": " + Excerpt(token) +
-                 " is cut to 16 bits");
+          Remark(FixedText::Of("%1, value %2: %3 is cut to 16 bits"), label, index + 1,
+                 Excerpt(token));
         }
         Put(field.word + index, kWholeWord, number->loaded, number->shown);
       });
@@ -278,7 +295,7 @@ class ConfigurationReader {
     for (std::size_t petrol = 0; petrol < kRoutingInjectors; ++petrol) {
       const std::string label = "mapPinjs." + std::string(kPetrolInjectorNames[petrol]);
       if (!Find({"mapPinjs", kPetrolInjectorNames[petrol]})) {
-        Remark(label + " is missing and keeps its values");
+        MissingList(label);
         continue;
       }
       for (std::size_t gas = 0; gas < kRoutingInjectors; ++gas) {
@@ -289,7 +306,7 @@ class ConfigurationReader {
     }
     ReadSwappedInjectors();
     if (!Find({"mapPinjSet"})) {
-      Remark("mapPinjSet is missing and keeps its values");
+      MissingList("mapPinjSet");
       return;
     }
     for (std::size_t i = 0; i < kRoutingInjectors; ++i) {
@@ -300,7 +317,7 @@ class ConfigurationReader {
 
   void ReadSwappedInjectors() {
     if (!Find({"mapSwappedInjs"})) {
-      Remark("mapSwappedInjs is missing and keeps its values");
+      MissingList("mapSwappedInjs");
       return;
     }
     for (std::size_t i = 0; i < kRoutingInjectors; ++i) {
@@ -312,7 +329,7 @@ class ConfigurationReader {
           BadToken(label, 0, token);
           return;
         }
-        if (*number < 0 || *number > 0xFF) Remark(label + " is cut to 8 bits");
+        if (*number < 0 || *number > 0xFF) Remark(FixedText::Of("%1 is cut to 8 bits"), label);
         PutByte(kFirstSwappedByte + i, static_cast<std::uint8_t>(*number & 0xFF));
       });
     }
@@ -345,7 +362,7 @@ LoadedConfiguration ReadConfigurationFile(const std::filesystem::path& file,
   if (!ReadWholeFile(file, text, reason, kLargestConfiguration)) {
     LoadedConfiguration nothing;
     nothing.block = nothing.shown = base;
-    nothing.faults.push_back("Cannot read " + PathText(file) + ": " + reason);
+    nothing.faults.emplace_back(FixedText::Of("Cannot read %1: %2"), PathText(file), reason);
     return nothing;
   }
   return ReadConfigurationText(std::move(text), base, routing_map);

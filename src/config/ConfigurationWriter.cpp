@@ -1,7 +1,6 @@
 // From the block to the file.
 #include <algorithm>
 #include <array>
-#include <system_error>
 #include <utility>
 
 #include "config/BlockCells.h"
@@ -160,16 +159,19 @@ std::string ConfigurationText(const ConfigurationBlock& block, std::size_t routi
 }
 
 bool WriteConfigurationFile(const std::filesystem::path& file, const ConfigurationBlock& block,
-                            std::size_t routing_map, std::string_view notes, std::string& problem) {
-  std::error_code error;
-  if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), error);
-  if (error) {
-    problem = "Cannot create " + PathText(file.parent_path()) + ": " + error.message();
+                            std::size_t routing_map, std::string_view notes, Message& problem) {
+  const std::string text = ConfigurationText(block, routing_map, notes);
+  if (text.size() > kLargestConfiguration) {
+    problem = {FixedText::Of("Cannot write %1: the notes are too long"), PathText(file)};
     return false;
   }
   std::string reason;
-  if (WriteWholeFile(file, ConfigurationText(block, routing_map, notes), reason)) return true;
-  problem = "Cannot write " + PathText(file) + ": " + reason;
+  if (file.has_parent_path() && !CreateFolders(file.parent_path(), reason)) {
+    problem = {FixedText::Of("Cannot create %1: %2"), PathText(file.parent_path()), reason};
+    return false;
+  }
+  if (WriteWholeFile(file, text, reason)) return true;
+  problem = {FixedText::Of("Cannot write %1: %2"), PathText(file), reason};
   return false;
 }
 

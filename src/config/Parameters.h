@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "config/ConfigurationBlock.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -18,7 +19,7 @@ struct Parameter {
   std::uint16_t word;  // index into the block; register 256 + word
   std::uint8_t first_bit;
   std::uint8_t bits;
-  std::string_view meaning;
+  FixedText meaning;
 
   [[nodiscard]] constexpr std::uint16_t Register() const { return RegisterOfWord(word); }
   [[nodiscard]] constexpr std::uint16_t MaxValue() const {

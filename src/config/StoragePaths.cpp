@@ -78,25 +78,26 @@ std::string MakeTimestampName() {
   return MakeTimestampName(LocalTime(std::chrono::system_clock::now()));
 }
 
-std::string NameProblem(std::string_view name) {
+Message NameProblem(std::string_view name) {
   constexpr std::string_view kForbidden = "<>:\"/\\|?*";
-  if (name.empty()) return "it is empty";
-  if (name.size() > kLongestName) return "it is too long";
-  if (!IsUtf8(name)) return "it is no valid text";
-  if (std::ranges::any_of(name, IsControl)) return "it contains a control character";
+  if (name.empty()) return FixedText::Of("it is empty");
+  if (name.size() > kLongestName) return FixedText::Of("it is too long");
+  if (!IsUtf8(name)) return FixedText::Of("it is no valid text");
+  if (std::ranges::any_of(name, IsControl)) return FixedText::Of("it contains a control character");
   if (const std::size_t at = name.find_first_of(kForbidden); at != std::string_view::npos) {
-    return std::string("it contains ") + name[at];
+    return {FixedText::Of("it contains %1"), name.substr(at, 1)};
   }
   // "." and ".." are among these.
-  if (name.ends_with('.') || name.ends_with(' ')) return "it ends with a dot or a blank";
-  if (name.starts_with(' ')) return "it begins with a blank";
-  if (IsDeviceName(name)) return "Windows keeps it for a device";
+  if (name.ends_with('.') || name.ends_with(' '))
+    return FixedText::Of("it ends with a dot or a blank");
+  if (name.starts_with(' ')) return FixedText::Of("it begins with a blank");
+  if (IsDeviceName(name)) return FixedText::Of("Windows keeps it for a device");
   return {};
 }
 
 std::optional<std::filesystem::path> StorageFile(const std::filesystem::path& folder,
                                                  std::string_view name, std::string_view extension,
-                                                 std::string& problem) {
+                                                 Message& problem) {
   problem = NameProblem(name);
   if (!problem.empty()) return std::nullopt;
   std::string file(name);

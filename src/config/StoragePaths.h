@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Message.h"
+
 namespace zelorgas {
 
 inline constexpr std::string_view kDefaultBrandFolder = "ANYBRAND";
@@ -33,13 +35,13 @@ inline constexpr unsigned kNaturalGas = 1;
 
 // Why `name`, UTF-8, cannot be the name of a file or a folder in the storage; empty when it can.
 // Such a name stays inside its folder on every system: no separators, no "..", no device names.
-[[nodiscard]] std::string NameProblem(std::string_view name);
+[[nodiscard]] Message NameProblem(std::string_view name);
 
 // The file of a name that a person typed, which may have the extension already. Nothing, with the
 // reason in `problem`, when there can be no such file.
 [[nodiscard]] std::optional<std::filesystem::path> StorageFile(const std::filesystem::path& folder,
                                                                std::string_view name,
                                                                std::string_view extension,
-                                                               std::string& problem);
+                                                               Message& problem);
 
 }  // namespace zelorgas

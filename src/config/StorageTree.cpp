@@ -29,7 +29,7 @@ void SortByName(std::vector<Entry>& entries) {
 
 // Calls `use` with each entry of the folder. Gives why it could not be listed to the end.
 template <typename Use>
-std::string ForEachEntry(const fs::path& folder, Use use) {
+Message ForEachEntry(const fs::path& folder, Use use) {
   std::error_code error;
   fs::directory_iterator entry(folder, error);
   if (error == std::errc::no_such_file_or_directory) return {};
@@ -37,7 +37,7 @@ std::string ForEachEntry(const fs::path& folder, Use use) {
     use(*entry);
     entry.increment(error);
   }
-  return error ? error.message() : std::string();
+  return Message::Verbatim(error ? error.message() : std::string());
 }
 
 void AddFolders(StorageFolderEntry& parent, int depth) {
@@ -76,7 +76,7 @@ StorageFileEntry FileEntry(const fs::directory_entry& entry) {
 
 StorageFolderEntry ReadStorageFolders(const fs::path& root) {
   StorageFolderEntry tree;
-  tree.name = kStorageTreeName;
+  tree.name = kStorageTreeName.English();
   tree.path = root;
   AddFolders(tree, 0);
   return tree;

@@ -10,15 +10,17 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Message.h"
+
 namespace zelorgas {
 
-inline constexpr std::string_view kStorageTreeName = "User Folders";
+inline constexpr FixedText kStorageTreeName = FixedText::Of("User Folders");
 
 struct StorageFolderEntry {
   std::string name;  // UTF-8
   std::filesystem::path path;
   std::vector<StorageFolderEntry> folders;  // by name
-  std::string problem;                      // why its folders could not be listed; else empty
+  Message problem;                          // why its folders could not be listed; else empty
 };
 
 struct StorageFileEntry {
@@ -27,12 +29,12 @@ struct StorageFileEntry {
   std::uintmax_t size = 0;                                        // bytes
   std::optional<std::chrono::system_clock::time_point> modified;  // none: the system did not say
   std::string notes;
-  std::string problem;  // why there are no notes, or what the file suffers from; else empty
+  Message problem;  // why there are no notes, or what the file suffers from; else empty
 };
 
 struct StorageFiles {
   std::vector<StorageFileEntry> files;  // by name
-  std::string problem;                  // why the folder could not be listed; else empty
+  Message problem;                      // why the folder could not be listed; else empty
 };
 
 // The folders below `root`, which itself is called "User Folders". A storage that does not exist

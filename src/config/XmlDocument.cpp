@@ -10,10 +10,6 @@ namespace {
 constexpr std::string_view kLineBreak = "\r\n";
 constexpr std::string_view kEmptyTagEnd = "/>";
 
-std::string BytesResult(std::string_view prefix, std::size_t bytes) {
-  return std::string(prefix) + std::to_string(bytes) + " bytes";
-}
-
 }  // namespace
 
 void XmlDocument::SetDocumentText(std::string text) {
@@ -23,23 +19,29 @@ void XmlDocument::SetDocumentText(std::string text) {
   ResetPosition();
 }
 
+std::string XmlDocument::ErrorText() const {
+  Message lines;
+  for (const Message& finding : Findings()) lines.Append("\n", finding);
+  return lines.English();
+}
+
 bool XmlDocument::Load(const std::filesystem::path& path, std::uintmax_t largest) {
   std::string text;
   std::string reason;
   if (!ReadWholeFile(path, text, reason, largest)) {
-    result_ = BytesResult("Cannot open " + PathText(path) + ": " + reason + ", ", 0);
+    result_ = {FixedText::Of("Cannot open %1: %2, 0 bytes"), PathText(path), reason};
     return false;
   }
   SetDocumentText(std::move(text));
-  result_ = BytesResult("Loaded ", text_.size());
+  result_ = {FixedText::Of("Loaded %1 bytes"), text_.size()};
   return true;
 }
 
 bool XmlDocument::Save(const std::filesystem::path& path) {
   std::string reason;
   const bool saved = WriteWholeFile(path, text_, reason);
-  result_ = saved ? BytesResult("Saved ", text_.size())
-                  : BytesResult("Cannot write " + PathText(path) + ": " + reason + ", ", 0);
+  result_ = saved ? Message(FixedText::Of("Saved %1 bytes"), text_.size())
+                  : Message(FixedText::Of("Cannot write %1: %2, 0 bytes"), PathText(path), reason);
   return saved;
 }
 

@@ -14,6 +14,7 @@
 #include "config/XmlDocumentIndex.h"
 #include "config/XmlDocumentMarkup.h"
 #include "platform/FileSystem.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -39,9 +40,11 @@ class XmlDocument {
   void SetDocumentText(std::string text);
   // The document exactly as Save writes it.
   [[nodiscard]] const std::string& Text() const { return text_; }
-  // What the last parse found wrong, one finding a line; empty when nothing. A text with very many
-  // faults is told by the first of them.
-  [[nodiscard]] const std::string& ErrorText() const { return index_.findings; }
+  // What the last parse found wrong; empty when nothing. A text with very many faults is told by
+  // the first of them.
+  [[nodiscard]] const std::vector<Message>& Findings() const { return index_.findings; }
+  // The same in English, one finding a line.
+  [[nodiscard]] std::string ErrorText() const;
 
   // Reads and indexes a file. False when it cannot be opened or read; the document is then as it
   // was. Findings are no failure.
@@ -52,7 +55,7 @@ class XmlDocument {
   [[nodiscard]] bool Save(const std::filesystem::path& path);
   // The last Load or Save in one line that ends in the number of bytes: "Loaded 13027 bytes"; after
   // a failure "Cannot open PATH: REASON, 0 bytes".
-  [[nodiscard]] const std::string& Result() const { return result_; }
+  [[nodiscard]] const Message& Result() const { return result_; }
 
   // Parent, main and child position to none: the next search begins with the first top-level
   // element.
@@ -144,7 +147,7 @@ class XmlDocument {
 
   std::string text_;
   XmlIndex index_;
-  std::string result_;
+  Message result_;
   Position parent_ = XmlIndex::kNone;
   Position main_ = XmlIndex::kNone;
   Position child_ = XmlIndex::kNone;

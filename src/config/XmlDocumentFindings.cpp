@@ -1,44 +1,47 @@
 #include "config/XmlDocumentFindings.h"
 
+#include "config/Utf8Text.h"
+
 namespace zelorgas {
 namespace {
 
 // More than a person reads: a damaged text must not become a larger heap of findings.
-constexpr std::size_t kEnoughText = 65'536;
+constexpr std::size_t kEnoughFindings = 1000;
+
+// Enough to find it again.
+std::string Excerpt(std::string_view name) {
+  constexpr std::size_t kLongestName = 80;
+  return Shortened(name, kLongestName);
+}
 
 }  // namespace
 
-void XmlFindings::Add(std::initializer_list<std::string_view> pieces) {
-  if (text_.size() >= kEnoughText) return;
-  if (!text_.empty()) text_ += '\n';
-  for (const std::string_view piece : pieces) text_ += piece;
+template <typename... Values>
+void XmlFindings::Add(FixedText text, const Values&... values) {
+  if (found_.size() >= kEnoughFindings) return;
+  found_.emplace_back(text, values...);
 }
 
-void XmlFindings::Unterminated(std::string_view what, std::size_t offset) {
-  Add({what, " at offset ", std::to_string(offset), " unterminated"});
+void XmlFindings::Unterminated(FixedText what, std::size_t offset) {
+  Add(FixedText::Of("%1 at offset %2 unterminated"), what, offset);
 }
 
-void XmlFindings::Incorrect(std::string_view what, std::size_t offset) {
-  Add({"Incorrect ", what, " at offset ", std::to_string(offset)});
+void XmlFindings::Incorrect(FixedText what, std::size_t offset) {
+  Add(FixedText::Of("Incorrect %1 at offset %2"), what, offset);
 }
 
 void XmlFindings::NoStartTag(std::string_view name, std::size_t offset) {
-  Add({"No start tag for end tag '", name, "' at offset ", std::to_string(offset)});
+  Add(FixedText::Of("No start tag for end tag '%1' at offset %2"), Excerpt(name), offset);
 }
 
 void XmlFindings::Mismatch(std::string_view end_name, std::size_t end_offset,
                            std::string_view start_name, std::size_t start_offset) {
-  Add({"End tag '", end_name, "' at offset ", std::to_string(end_offset),
-       " does not match start tag '", start_name, "' at offset ", std::to_string(start_offset)});
+  Add(FixedText::Of("End tag '%1' at offset %2 does not match start tag '%3' at offset %4"),
+      Excerpt(end_name), end_offset, Excerpt(start_name), start_offset);
 }
 
 void XmlFindings::NotEnded(std::string_view name, std::size_t offset) {
-  Add({"Element '", name, "' at offset ", std::to_string(offset), " not ended"});
-}
-
-void XmlFindings::Whole(std::string_view finding) {
-  if (!text_.empty()) text_ += '\n';
-  text_ += finding;
+  Add(FixedText::Of("Element '%1' at offset %2 not ended"), Excerpt(name), offset);
 }
 
 }  // namespace zelorgas

@@ -2,32 +2,35 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
+
+#include "platform/Message.h"
 
 namespace zelorgas {
 
-// Collects findings, one a line. Offsets count characters from the text's start.
+// Collects findings. Offsets count characters from the text's start.
 class XmlFindings {
  public:
   // "`what` at offset N unterminated"
-  void Unterminated(std::string_view what, std::size_t offset);
+  void Unterminated(FixedText what, std::size_t offset);
   // "Incorrect `what` at offset N"
-  void Incorrect(std::string_view what, std::size_t offset);
+  void Incorrect(FixedText what, std::size_t offset);
   void NoStartTag(std::string_view name, std::size_t offset);
   void Mismatch(std::string_view end_name, std::size_t end_offset, std::string_view start_name,
                 std::size_t start_offset);
   void NotEnded(std::string_view name, std::size_t offset);
   // About the document as a whole; recorded however many there are before it.
-  void Whole(std::string_view finding);
+  void Whole(FixedText finding) { found_.emplace_back(finding); }
 
-  [[nodiscard]] std::string Take() { return std::move(text_); }
+  [[nodiscard]] std::vector<Message> Take() { return std::move(found_); }
 
  private:
-  void Add(std::initializer_list<std::string_view> pieces);
+  template <typename... Values>
+  void Add(FixedText text, const Values&... values);
 
-  std::string text_;
+  std::vector<Message> found_;
 };
 
 }  // namespace zelorgas

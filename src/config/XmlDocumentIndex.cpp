@@ -53,7 +53,7 @@ class Indexer {
   std::size_t ReadStartTag(std::size_t at) {
     const std::size_t name_end = XmlNameEnd(text_, at + 1);
     if (name_end == at + 1 && name_end < text_.size()) {
-      findings_.Incorrect("name character", name_end);
+      findings_.Incorrect(FixedText::Of("name character"), name_end);
       return name_end;
     }
     XmlTagReader reader(text_, name_end, &findings_);
@@ -61,7 +61,7 @@ class Indexer {
     auto step = XmlTagReader::Step::kAttribute;
     while (step == XmlTagReader::Step::kAttribute) step = reader.Next(attribute);
     if (step == XmlTagReader::Step::kUnterminated) {
-      findings_.Unterminated("Element tag", at);
+      findings_.Unterminated(FixedText::Of("Element tag"), at);
       return reader.Offset();
     }
     const XmlIndex::Position element = index_.Add(open_, XmlIndex::kNone);
@@ -76,16 +76,16 @@ class Indexer {
     const std::string_view name = NameAt(at + 2);
     std::size_t end = at + 2 + name.size();
     if (name.empty() && end < text_.size()) {
-      findings_.Incorrect("name character", end);
+      findings_.Incorrect(FixedText::Of("name character"), end);
       return end;
     }
     while (end < text_.size() && IsXmlSpace(text_[end])) ++end;
     if (end < text_.size() && text_[end] != '>' && text_[end] != '<') {
-      findings_.Incorrect("name character", end);
+      findings_.Incorrect(FixedText::Of("name character"), end);
       while (end < text_.size() && text_[end] != '>' && text_[end] != '<') ++end;
     }
     if (end == text_.size() || text_[end] == '<') {
-      findings_.Unterminated("Element end tag", at);
+      findings_.Unterminated(FixedText::Of("Element end tag"), at);
       return end;
     }
     CloseElement(name, at, end + 1);
@@ -117,10 +117,10 @@ class Indexer {
     const XmlMarkup markup = ReadXmlMarkup(text_, at);
     switch (markup.kind) {
       case XmlMarkup::Kind::kIncorrectTag:
-        findings_.Incorrect("! tag", at);
+        findings_.Incorrect(FixedText::Of("! tag"), at);
         break;
       case XmlMarkup::Kind::kIncorrectComment:
-        findings_.Incorrect("comment tag", at);
+        findings_.Incorrect(FixedText::Of("comment tag"), at);
         break;
       default:
         if (!markup.terminated) findings_.Unterminated(markup.Name(), at);
@@ -131,9 +131,10 @@ class Indexer {
   void JudgeRoot() {
     const XmlIndex::Position root = index_.elements[XmlIndex::kNone].first_child;
     if (root == XmlIndex::kNone) {
-      findings_.Whole(text_.empty() ? "Empty document" : "No root element");
+      findings_.Whole(text_.empty() ? FixedText::Of("Empty document")
+                                    : FixedText::Of("No root element"));
     } else if (index_.elements[root].next != XmlIndex::kNone) {
-      findings_.Whole("Root element has sibling");
+      findings_.Whole(kSecondRootFinding);
     }
   }
 

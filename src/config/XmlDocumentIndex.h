@@ -8,7 +8,12 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Message.h"
+
 namespace zelorgas {
+
+// The finding about a document that has more than one element at its top.
+inline constexpr FixedText kSecondRootFinding = FixedText::Of("Root element has sibling");
 
 struct XmlIndex {
   using Position = std::uint32_t;  // an element's place in `elements`
@@ -29,7 +34,7 @@ struct XmlIndex {
   };
 
   std::vector<Element> elements;
-  std::string findings;  // one a line
+  std::vector<Message> findings;
 
   // Adds a record as the child of `parent` behind `behind`, or as its last child when that is none.
   Position Add(Position parent, Position behind);

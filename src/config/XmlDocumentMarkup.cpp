@@ -205,19 +205,19 @@ bool XmlTagReader::ReadAttribute(XmlAttribute& attribute) {
 }
 
 void XmlTagReader::Incorrect(std::size_t offset) {
-  if (findings_ != nullptr) findings_->Incorrect("name character", offset);
+  if (findings_ != nullptr) findings_->Incorrect(FixedText::Of("name character"), offset);
 }
 
-std::string_view XmlMarkup::Name() const {
+FixedText XmlMarkup::Name() const {
   switch (kind) {
     case Kind::kComment:
-      return "Comment";
+      return FixedText::Of("Comment");
     case Kind::kCdata:
-      return "CDATA Section";
+      return FixedText::Of("CDATA Section");
     case Kind::kInstruction:
-      return "Processing instruction";
+      return FixedText::Of("Processing instruction");
     case Kind::kDoctype:
-      return "Doctype";
+      return FixedText::Of("Doctype");
     default:
       return {};
   }

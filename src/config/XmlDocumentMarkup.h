@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "config/XmlDocumentFindings.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -79,7 +80,7 @@ struct XmlMarkup {
   bool terminated = true;
 
   // As findings call it: "Comment", "CDATA Section", ...
-  [[nodiscard]] std::string_view Name() const;
+  [[nodiscard]] FixedText Name() const;
 };
 
 // The markup that begins at `offset` with "<!" or "<?".

@@ -8,8 +8,7 @@
 
 namespace zelorgas {
 
-bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path,
-                    std::string& reason) {
+bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path, Message& reason) {
   XmlDocument document = RecordingDocument(traces);
   const bool saved = document.Save(path);
   if (!saved) reason = document.Result();
@@ -27,14 +26,14 @@ RecordingContents LoadRecordingFile(const std::filesystem::path& path) {
 bool SaveRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
                    MessageBoxes& boxes) {
   if (StoreTargetOf(path) == StoreTarget::kExisting && !boxes.Ask(kStoreQuestion)) return false;
-  std::string reason;
+  Message reason;
   if (!WriteRecording(oscilloscope.Traces(), path, reason)) {
     boxes.Status(reason);
     boxes.Inform(kConfigurationNotStored, MessageIcon::kError);
     return false;
   }
   oscilloscope.MarkSaved();
-  boxes.Status("Saved " + PathText(path));
+  boxes.Status({FixedText::Of("Saved %1"), PathText(path)});
   return true;
 }
 

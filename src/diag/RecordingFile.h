@@ -9,17 +9,18 @@
 #include "app/MessageBoxes.h"
 #include "diag/Oscilloscope.h"
 #include "diag/RecordingText.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
 inline constexpr std::string_view kRecordingExtension = ".osc";
-inline constexpr std::string_view kRecordingUnsaved =
-    "The recording has not been saved and will be lost!\nDo you want to continue?";
+inline constexpr FixedText kRecordingUnsaved =
+    FixedText::Of("The recording has not been saved and will be lost!\nDo you want to continue?");
 
 // Writes the traces; the file is then either the old or the new one. False, with a reason for a
 // person, when it could not.
 [[nodiscard]] bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path,
-                                  std::string& reason);
+                                  Message& reason);
 // kNoRecording also for a file that cannot be read.
 [[nodiscard]] RecordingContents LoadRecordingFile(const std::filesystem::path& path);
 

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 #include "diag/ScopeNumbers.h"
 
@@ -32,38 +33,34 @@ std::optional<std::string_view> SplitSamples(std::string_view list, std::deque<d
   return wrong;
 }
 
-std::string WhyNoRecording(XmlDocument& document) {
+FixedText WhyNoRecording(XmlDocument& document) {
   document.ResetPosition();
   if (document.FindElement(kConfigurationRoot)) {
-    return "The file is a configuration, not a recording";
+    return FixedText::Of("The file is a configuration, not a recording");
   }
-  return "The file is not a recording";
+  return FixedText::Of("The file is not a recording");
 }
 
-void AddTo(std::string& list, std::string_view separator, std::string_view text) {
-  if (!list.empty()) list += separator;
-  list += text;
-}
-void AddDetail(std::string& detail, std::string_view text) { AddTo(detail, "; ", text); }
+void AddDetail(Message& detail, Message text) { detail.Append("; ", std::move(text)); }
 
 void ReadChannels(const XmlDocument& document, RecordingContents& contents) {
   std::string missing;
   for (std::size_t i = 0; i < kScopeChannels; ++i) {
     const std::string name(ScopeChannelTable()[i].name);
     if (!document.HasChildAttribute(name)) {
-      AddTo(missing, ", ", name);
+      if (!missing.empty()) missing += ", ";
+      missing += name;
       continue;
     }
     const std::string list = document.GetChildAttribute(name);
     if (const auto wrong = SplitSamples(list, contents.traces.channels[i])) {
       constexpr std::size_t kShownCharacters = 20;
       contents.fault = RecordingFault::kBadNumbers;
-      AddDetail(contents.detail, "Channel " + name + ": \"" +
-                                     std::string(wrong->substr(0, kShownCharacters)) +
-                                     "\" is no number");
+      AddDetail(contents.detail, {FixedText::Of("Channel %1: \"%2\" is no number"), name,
+                                  wrong->substr(0, kShownCharacters)});
     }
   }
-  if (!missing.empty()) AddDetail(contents.detail, "Missing: " + missing);
+  if (!missing.empty()) AddDetail(contents.detail, {FixedText::Of("Missing: %1"), missing});
 }
 
 }  // namespace
@@ -89,9 +86,9 @@ RecordingContents ReadRecording(XmlDocument& document) {
   if (!document.FindElement(kRoot)) {
     contents.detail = WhyNoRecording(document);
   } else if (const std::string version = document.GetAttribute("Version"); version != kVersion) {
-    contents.detail = "The recording's version is \"" + version + "\", not \"1.00\"";
+    contents.detail = {FixedText::Of("The recording's version is \"%1\", not \"1.00\""), version};
   } else if (!document.FindChildElement(kData)) {
-    contents.detail = "The recording has no data";
+    contents.detail = FixedText::Of("The recording has no data");
   }
   contents.fault = contents.detail.empty() ? RecordingFault::kNone : RecordingFault::kNoRecording;
   if (contents.fault == RecordingFault::kNone) {
@@ -101,8 +98,7 @@ RecordingContents ReadRecording(XmlDocument& document) {
       contents.traces.notes = document.GetChildAttribute("Text");
     }
   }
-  const std::string& findings = document.ErrorText();
-  if (!findings.empty()) AddDetail(contents.detail, findings.substr(0, findings.find('\n')));
+  if (!document.Findings().empty()) AddDetail(contents.detail, document.Findings().front());
   return contents;
 }
 

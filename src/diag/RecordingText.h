@@ -7,6 +7,7 @@
 
 #include "config/XmlDocument.h"
 #include "diag/ScopeChannels.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -22,7 +23,7 @@ enum class RecordingFault : std::uint8_t {
 struct RecordingContents {
   ScopeTraces traces;
   RecordingFault fault = RecordingFault::kNone;
-  std::string detail;  // what is wrong or missing, for a person; may also stand with kNone
+  Message detail;  // what is wrong or missing, for a person; may also stand with kNone
 };
 
 // Moves the document's cursor.

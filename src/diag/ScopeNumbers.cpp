@@ -1,13 +1,11 @@
 #include "diag/ScopeNumbers.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <system_error>
 
-#include "config/XmlDocumentMarkup.h"
+#include "config/ConfigurationNumbers.h"
 
 namespace zelorgas {
 namespace {
@@ -83,23 +81,6 @@ bool ReadHundredths(std::string_view text, double& value) {
   return true;
 }
 
-// Whether a decimal number, written without its sign, that is no double lies below the doubles
-// rather than above them: the place of its first digit tells.
-bool IsTooSmall(std::string_view number) {
-  const std::size_t mantissa_end = std::min(number.find_first_of("eE"), number.size());
-  const std::string_view mantissa = number.substr(0, mantissa_end);
-  std::string_view exponent_text = number.substr(std::min(mantissa_end + 1, number.size()));
-  if (exponent_text.starts_with('+')) exponent_text.remove_prefix(1);
-  std::int64_t exponent = 0;
-  const auto read =
-      std::from_chars(exponent_text.data(), exponent_text.data() + exponent_text.size(), exponent);
-  if (read.ec == std::errc::result_out_of_range) return exponent_text.starts_with('-');
-  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
-  const auto first_digit = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
-  // Written so that an exponent near the end of its range does not overflow.
-  return exponent < first_digit - point;
-}
-
 }  // namespace
 
 std::string JoinHundredths(const std::deque<double>& values) {
@@ -122,18 +103,7 @@ std::string JoinHundredths(const std::deque<double>& values) {
 std::optional<double> ReadDecimal(std::string_view text) {
   double value = 0;
   if (ReadHundredths(text, value)) return value;
-  while (!text.empty() && IsXmlSpace(text.front())) text.remove_prefix(1);
-  if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, value);
-  if (stop != end) return std::nullopt;
-  if (error == std::errc::result_out_of_range) {
-    const bool negative = text.starts_with('-');
-    if (!IsTooSmall(text.substr(negative ? 1 : 0))) return std::nullopt;
-    return negative ? -0.0 : 0.0;
-  }
-  if (error != std::errc() || !std::isfinite(value)) return std::nullopt;
-  return value;
+  return ParseFileDecimal(text);
 }
 
 }  // namespace zelorgas

@@ -6,9 +6,9 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::string_view kNothingSelected = "Please, select an item/error!";
-constexpr std::string_view kListEmpty = "There are no errors!\nThe list is empty!";
-constexpr std::string_view kNoOwner = "Cannot delete the selected error!";
+constexpr FixedText kNothingSelected = FixedText::Of("Please, select an item/error!");
+constexpr FixedText kListEmpty = FixedText::Of("There are no errors!\nThe list is empty!");
+constexpr FixedText kNoOwner = FixedText::Of("Cannot delete the selected error!");
 
 // " 005  Coolant Temperature too low": the count takes six characters, whatever it is.
 std::string EntryText(std::uint16_t count, std::string_view name) {

@@ -13,11 +13,12 @@
 
 #include "app/MessageBoxes.h"
 #include "errors/ErrorTexts.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
-inline constexpr std::string_view kDeleteErrorQuestion = "Delete error?";
-inline constexpr std::string_view kDeleteAllErrorsQuestion = "Delete all errors?";
+inline constexpr FixedText kDeleteErrorQuestion = FixedText::Of("Delete error?");
+inline constexpr FixedText kDeleteAllErrorsQuestion = FixedText::Of("Delete all errors?");
 
 // Who holds the pages. When the ECU has done what was asked the owner takes the entries away from
 // the pages, otherwise it has told the person.
@@ -63,7 +64,7 @@ class ErrorPage {
   void Select(std::optional<std::size_t> row);
   [[nodiscard]] std::optional<std::size_t> Selected() const { return selected_; }
   // Of the selected entry; empty without one.
-  [[nodiscard]] std::string_view Description() const { return description_; }
+  [[nodiscard]] FixedText Description() const { return description_; }
 
   // What the page's menu does. Each asks, and says why it does nothing; true when the owner has
   // done it.
@@ -75,7 +76,7 @@ class ErrorPage {
   ErrorOwner* owner_ = nullptr;
   std::vector<Entry> entries_;
   std::optional<std::size_t> selected_;
-  std::string_view description_;
+  FixedText description_;
 };
 
 // Both pages, the temporary one first.

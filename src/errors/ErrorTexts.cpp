@@ -16,29 +16,33 @@ constexpr std::size_t kTextsOfBank = 16;  // more than there are codes: the rest
 constexpr std::size_t kTemporaryCodes = 10;
 constexpr std::size_t kPermanentCodes = 5;
 
-using BankTexts = std::array<std::string_view, kTextsOfBank>;
+using BankTexts = std::array<FixedText, kTextsOfBank>;
 
 constexpr BankTexts kTemporaryTexts{
-    "Low GAS Pressure", "Coolant Temperature too low",
-    "Very low RPM ",    "ECU lack of pulses",
-    "Temporary DTC 04", "Temporary DTC 05",
-    "Temporary DTC 06", "Temporary DTC 07",
-    "Start on GAS",     "Temporary DTC 09",
-    "Temporary DTC 10", "Temporary DTC 11",
-    "Temporary DTC 12", "Temporary DTC 13",
-    "Temporary DTC 14", "Temporary DTC 15",
+    FixedText::Of("Low GAS Pressure"), FixedText::Of("Coolant Temperature too low"),
+    FixedText::Of("Very low RPM "),    FixedText::Of("ECU lack of pulses"),
+    FixedText::Of("Temporary DTC 04"), FixedText::Of("Temporary DTC 05"),
+    FixedText::Of("Temporary DTC 06"), FixedText::Of("Temporary DTC 07"),
+    FixedText::Of("Start on GAS"),     FixedText::Of("Temporary DTC 09"),
+    FixedText::Of("Temporary DTC 10"), FixedText::Of("Temporary DTC 11"),
+    FixedText::Of("Temporary DTC 12"), FixedText::Of("Temporary DTC 13"),
+    FixedText::Of("Temporary DTC 14"), FixedText::Of("Temporary DTC 15"),
 };
 constexpr BankTexts kPermanentTexts{
-    "Permanent DTC 00", "Permanent DTC 01", "Permanent DTC 02", "Permanent DTC 03",
-    "Permanent DTC 04", "Permanent DTC 05", "Permanent DTC 06", "Permanent DTC 07",
-    "Permanent DTC 08", "Permanent DTC 09", "Permanent DTC 10", "Permanent DTC 11",
-    "Permanent DTC 12", "Permanent DTC 13", "Permanent DTC 14", "Permanent DTC 15",
+    FixedText::Of("Permanent DTC 00"), FixedText::Of("Permanent DTC 01"),
+    FixedText::Of("Permanent DTC 02"), FixedText::Of("Permanent DTC 03"),
+    FixedText::Of("Permanent DTC 04"), FixedText::Of("Permanent DTC 05"),
+    FixedText::Of("Permanent DTC 06"), FixedText::Of("Permanent DTC 07"),
+    FixedText::Of("Permanent DTC 08"), FixedText::Of("Permanent DTC 09"),
+    FixedText::Of("Permanent DTC 10"), FixedText::Of("Permanent DTC 11"),
+    FixedText::Of("Permanent DTC 12"), FixedText::Of("Permanent DTC 13"),
+    FixedText::Of("Permanent DTC 14"), FixedText::Of("Permanent DTC 15"),
 };
 
 // A code is described by its name but for two, of which the second has the text of its neighbour.
 constexpr BankTexts DescribeTemporary() {
   BankTexts texts = kTemporaryTexts;
-  texts[8] = "The vehicle has been started on GAS";
+  texts[8] = FixedText::Of("The vehicle has been started on GAS");
   texts[15] = texts[14];
   return texts;
 }
@@ -46,11 +50,11 @@ constexpr BankTexts kTemporaryDescriptionTexts = DescribeTemporary();
 
 struct TextRun {
   std::uint16_t first;
-  std::span<const std::string_view> texts;
+  std::span<const FixedText> texts;
 };
-constexpr std::array<std::string_view, 1> kRequestFailed{
-    "Error while loading installation information!\nPlease try again!"};
-constexpr std::array<std::string_view, 2> kTitles{"Temporary", "Permanent"};
+constexpr std::array<FixedText, 1> kRequestFailed{
+    FixedText::Of("Error while loading installation information!\nPlease try again!")};
+constexpr std::array<FixedText, 2> kTitles{FixedText::Of("Temporary"), FixedText::Of("Permanent")};
 constexpr std::array<TextRun, 6> kRuns{{
     {kErrorRequestFailedText, kRequestFailed},
     {kFirstTitle, kTitles},
@@ -92,9 +96,9 @@ std::uint16_t FirstErrorRegister(ErrorBank bank) {
   return bank == ErrorBank::kTemporary ? kTemporaryErrorRegister : kPermanentErrorRegister;
 }
 
-std::string_view BankTitle(ErrorBank bank) { return kTitles[static_cast<std::size_t>(bank)]; }
+FixedText BankTitle(ErrorBank bank) { return kTitles[static_cast<std::size_t>(bank)]; }
 
-std::string_view ErrorText(std::uint16_t number) {
+FixedText ErrorText(std::uint16_t number) {
   for (const TextRun& run : kRuns) {
     if (number >= run.first && number < run.first + run.texts.size()) {
       return run.texts[static_cast<std::size_t>(number) - run.first];

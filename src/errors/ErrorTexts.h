@@ -6,6 +6,8 @@
 #include <span>
 #include <string_view>
 
+#include "platform/Message.h"
+
 namespace zelorgas {
 
 enum class ErrorBank : std::uint8_t { kTemporary = 0, kPermanent = 1 };
@@ -28,9 +30,9 @@ struct ERRREC {
 // The holding register that counts code 0 of the bank.
 [[nodiscard]] std::uint16_t FirstErrorRegister(ErrorBank bank);
 // The title of the bank's page.
-[[nodiscard]] std::string_view BankTitle(ErrorBank bank);
+[[nodiscard]] FixedText BankTitle(ErrorBank bank);
 
 // The text of a number; empty for a number that has none.
-[[nodiscard]] std::string_view ErrorText(std::uint16_t number);
+[[nodiscard]] FixedText ErrorText(std::uint16_t number);
 
 }  // namespace zelorgas

@@ -26,14 +26,17 @@ bool Pause(ClpgecuDoc& document, Clock::Duration time, const ApplicationStartHoo
 bool WaitForApplication(ClpgecuDoc& document, const ApplicationStartHooks& hooks) {
   ModbusSerialPort& link = document.Link();
   bool told = false;
-  for (Clock::Duration pause = kQuietTime; Pause(document, pause, hooks);
-       pause = kBetweenQuestions) {
+  Clock::Duration pause = kQuietTime;
+  while (Pause(document, pause, hooks)) {
+    pause = kBetweenQuestions;
     EcuIdentity identity;
     if (!OpenForUpdate(link) || !ReadBasicIdentification(link, identity).Ok() ||
         !ReadModel(link, identity).Ok()) {
       continue;  // the ignition is off, or the ECU starts at this moment
     }
     if (!identity.bootloader) return true;
+    // The question itself may have kept it there.
+    pause = kQuietTime;
     if (!std::exchange(told, true) && hooks.ignition_needed) hooks.ignition_needed();
   }
   return false;

@@ -20,8 +20,9 @@ struct ApplicationStartHooks {
 // Longer than a bootloader waits to be spoken to; asked earlier it would stay.
 inline constexpr std::chrono::seconds kQuietTime{6};
 
-// Waits until the ECU answers as an application: leaves the line quiet first, then asks it again
-// and again who it is. An unplugged port is opened again. False when the hook wants it to end.
+// Waits until the ECU answers as an application: leaves the line quiet first, and behind every
+// answer of the bootloader; an ECU that does not answer is asked every second. An unplugged port is
+// opened again. False when the hook wants it to end.
 [[nodiscard]] bool WaitForApplication(ClpgecuDoc& document, const ApplicationStartHooks& hooks);
 
 }  // namespace zelorgas

@@ -1,6 +1,7 @@
 #include "firmware/FirmwareDownload.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "firmware/LinkPreparation.h"
@@ -13,28 +14,28 @@ constexpr std::uint16_t kBootloaderBlock = 1;
 constexpr std::uint16_t kFirstBlock = 2;
 constexpr std::uint16_t kLastBlock = 3;
 
-constexpr std::string_view kErasing = "Erasing...";
-constexpr std::string_view kIdle = "Idle";
-constexpr std::string_view kErasingCurrent = "Erasing current firmware...";
-constexpr std::string_view kDownloading = "Downloading selected firmware...";
-constexpr std::string_view kReady = "Ready";
+constexpr FixedText kErasing = FixedText::Of("Erasing...");
+constexpr FixedText kIdle = FixedText::Of("Idle");
+constexpr FixedText kErasingCurrent = FixedText::Of("Erasing current firmware...");
+constexpr FixedText kDownloading = FixedText::Of("Downloading selected firmware...");
+constexpr FixedText kReady = FixedText::Of("Ready");
 
-std::string EraseQuestion(const EcuIdentity& ecu) {
-  return "Do you want to erase the firmware of the ECU?\nIt will not work until new firmware has "
-         "been downloaded.\n\nECU: " +
-         NameOfTarget(ecu);
+Message EraseQuestion(const EcuIdentity& ecu) {
+  return {FixedText::Of("Do you want to erase the firmware of the ECU?\nIt will not work until new "
+                        "firmware has been downloaded.\n\nECU: %1"),
+          NameOfTarget(ecu)};
 }
 
-std::string ProgramQuestion(const std::filesystem::path& image, std::size_t size,
-                            const EcuIdentity& ecu) {
-  return "Do you want to replace the firmware of the ECU?\n\nImage: " + PathText(image.filename()) +
-         "\nSize: " + std::to_string(size) + " bytes\nECU: " + NameOfTarget(ecu);
+Message ProgramQuestion(const std::filesystem::path& image, std::size_t size,
+                        const EcuIdentity& ecu) {
+  return {FixedText::Of("Do you want to replace the firmware of the ECU?\n\nImage: %1\nSize: %2 "
+                        "bytes\nECU: %3"),
+          PathText(image.filename()), size, NameOfTarget(ecu)};
 }
 
-std::string_view ProblemOfChange(const ImageContent& again,
-                                 const std::vector<std::uint8_t>& checked) {
+FixedText ProblemOfChange(const ImageContent& again, const std::vector<std::uint8_t>& checked) {
   if (!again.problem.empty()) return again.problem;
-  return again.bytes == checked ? std::string_view() : kImageChanged;
+  return again.bytes == checked ? FixedText() : kImageChanged;
 }
 
 }  // namespace
@@ -44,8 +45,7 @@ FirmwareDownload::FirmwareDownload(ClpgecuDoc& document, MessageBoxes& boxes, Fi
 
 FirmwareDownload::Outcome FirmwareDownload::Erase(const EcuIdentity& ecu) {
   application_left_ = flash_changed_ = false;
-  std::optional<std::string> stored;
-  if (const End end = Confirm(EraseQuestion(ecu), ecu, stored); !end.GoOn()) return Tell(end);
+  if (const End end = Confirm(EraseQuestion(ecu), ecu); !end.GoOn()) return Tell(end);
   const MoreAttempts attempts(document_.Link());
   End end = Prepare();
   if (end.GoOn()) end = InFlashMode([this](mbFlasher& flasher) { return EraseAll(flasher); });
@@ -60,9 +60,8 @@ FirmwareDownload::Outcome FirmwareDownload::Program(const std::filesystem::path&
   application_left_ = flash_changed_ = false;
   const ImageContent checked = ReadFirmwareImage(image);
   if (!checked.problem.empty()) return Tell({Outcome::kBadImage, checked.problem});
-  std::optional<std::string> stored;
-  const std::string question = ProgramQuestion(image, checked.bytes.size(), ecu);
-  if (const End end = Confirm(question, ecu, stored); !end.GoOn()) return Tell(end);
+  const Message question = ProgramQuestion(image, checked.bytes.size(), ecu);
+  if (const End end = Confirm(question, ecu); !end.GoOn()) return Tell(end);
   const MoreAttempts attempts(document_.Link());
   End end = Prepare();
   if (end.GoOn()) {
@@ -71,21 +70,18 @@ FirmwareDownload::Outcome FirmwareDownload::Program(const std::filesystem::path&
   }
   const Outcome outcome = Tell(end);
   boxes_.Status(kReady);
-  if (outcome == Outcome::kDone && stored && hooks_.offer_configuration) {
-    hooks_.offer_configuration(*stored);
-  }
   return outcome;
 }
 
-FirmwareDownload::End FirmwareDownload::Confirm(const std::string& question, const EcuIdentity& ecu,
-                                                std::optional<std::string>& stored) {
+FirmwareDownload::End FirmwareDownload::Confirm(const Message& question, const EcuIdentity& ecu) {
   if (!boxes_.Ask(question)) return {Outcome::kDeclined};
   // A box may stand there for long: time to change the cable, or the car.
   if (const End step = CheckTarget(document_, ecu); !step.GoOn()) return step;
   if (!hooks_.store_configuration || ecu.bootloader) return {};
-  stored = hooks_.store_configuration(ecu);
-  if (stored) return {};
-  if (!boxes_.Ask(kNoCopyQuestion)) return {Outcome::kDeclined};
+  if (!hooks_.store_configuration(ecu) && !boxes_.Ask(kNoCopyQuestion)) {
+    return {Outcome::kDeclined};
+  }
+  // So do the copy's many exchanges.
   return CheckTarget(document_, ecu);
 }
 
@@ -106,9 +102,7 @@ FirmwareDownload::End FirmwareDownload::InFlashMode(const std::function<End(mbFl
   mbFlasher flasher(&document_.Link(),
                     [this](std::chrono::milliseconds time) { document_.SleepSliced(time); });
   flash_open_ = true;
-  // Whether it was taken shows in LinkFailure.
-  static_cast<void>(flasher.SetFlashMode(true));
-  End end = work(flasher);
+  End end = flasher.SetFlashMode(true) == ModbusResult::kOk ? work(flasher) : LinkDown(flasher);
   ModbusResult result = flasher.SetFlashMode(false);
   // An open flash is worth a second round, unless nobody is there.
   if (result != ModbusResult::kOk && !document_.Link().PortLost()) {
@@ -140,7 +134,7 @@ FirmwareDownload::End FirmwareDownload::EraseAndWrite(mbFlasher& flasher,
   std::uint32_t start = 0;
   if (const End step = CheckRoom(flasher, checked.size(), start); !step.GoOn()) return step;
   // Time has passed since the person was asked about this image.
-  const std::string_view problem = ProblemOfChange(ReadFirmwareImage(image), checked);
+  const FixedText problem = ProblemOfChange(ReadFirmwareImage(image), checked);
   if (!problem.empty()) return {Outcome::kBadImage, problem};
   if (StopWanted()) return {Outcome::kStopped};
   boxes_.Status(kErasingCurrent);
@@ -184,16 +178,20 @@ FirmwareDownload::End FirmwareDownload::CheckRoom(mbFlasher& flasher, std::size_
 }
 
 FirmwareDownload::End FirmwareDownload::EraseBlocks(mbFlasher& flasher, MessageIcon icon) {
-  flash_changed_ = true;
   const auto certain = [&] { return flasher.LinkFailure() == ModbusResult::kOk; };
   for (std::uint16_t block = kFirstBlock; block <= kLastBlock; ++block) {
     if (StopWanted()) return {Outcome::kStopped};
-    const bool blank = flasher.BlankCheck(block) == 0;
-    const bool erased = certain() && (blank || flasher.Erase(block) == 0);
-    if (!erased || !certain()) {
+    bool blank = flasher.BlankCheck(block) == 0;
+    if (!blank && certain()) {
+      flash_changed_ = true;
+      blank = flasher.Erase(block) == 0;
+    }
+    if (!blank || !certain()) {
       return {Outcome::kFailed, kEraseFailed, icon, flasher.LinkFailure()};
     }
   }
+  // Blocks that were blank before leave the ECU without firmware too.
+  flash_changed_ = true;
   // An ECU that has lost its power in between answers 0, as for a block that is blank.
   for (std::uint16_t block = kFirstBlock; block <= kLastBlock; ++block) {
     if (flasher.BlankCheck(block) != 0 || !certain()) {
@@ -210,15 +208,15 @@ FirmwareDownload::End FirmwareDownload::WriteImage(mbFlasher& flasher,
   const auto write_failed = [&] {
     return End{Outcome::kFailed, kWriteFailed, MessageIcon::kNone, flasher.LinkFailure()};
   };
-  // What the bootloader remembers of an earlier command, before a page and, should it forget by
-  // writing one, before the next.
+  // What the bootloader remembers of an earlier command, behind the first page: it may forget by
+  // writing one.
   std::optional<std::uint32_t> remembered;
   unsigned sent = 0;
   for (std::size_t done = 0; done < image.size();) {
     if (StopWanted()) return {Outcome::kStopped};
     const auto piece =
         std::span(image).subspan(done, std::min(mbFlasher::kPageSize, image.size() - done));
-    if (!mbFlasher::IsBlank(piece) && ++sent <= 2) remembered = flasher.KeptBlockEnd();
+    if (!mbFlasher::IsBlank(piece) && ++sent == 2) remembered = flasher.KeptBlockEnd();
     const std::uint32_t result = flasher.Write(piece, start + static_cast<std::uint32_t>(done));
     // A page that went through at a second try has its second half in the place of the first.
     if (result != 0 || flasher.PageSpoilt() || flasher.LinkFailure() != ModbusResult::kOk) {

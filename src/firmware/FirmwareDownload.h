@@ -11,9 +11,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <optional>
 #include <string>
-#include <string_view>
 
 #include "app/ClpgecuDoc.h"
 #include "app/Identification.h"
@@ -21,17 +19,19 @@
 #include "firmware/FirmwareImages.h"
 #include "firmware/FlashProgress.h"
 #include "firmware/mbFlasher.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
-inline constexpr std::string_view kNoSupplyMessage = "Error, no VDD on FLMD0 pin!";
-inline constexpr std::string_view kEraseFailed = "Erase failed! Block is not blank!";
-inline constexpr std::string_view kErased = "Tha application has been erased successfuly!";
-inline constexpr std::string_view kWriteFailed = "Write failed!";
-inline constexpr std::string_view kFlashModeStays =
-    "Flash mode could not be switched off!\nPlease switch the power supply of the ECU off and on.";
-inline constexpr std::string_view kNoCopyQuestion =
-    "The configuration of the ECU could not be stored!\nDo you want to go on without a copy of it?";
+inline constexpr FixedText kNoSupplyMessage = FixedText::Of("Error, no VDD on FLMD0 pin!");
+inline constexpr FixedText kEraseFailed = FixedText::Of("Erase failed! Block is not blank!");
+inline constexpr FixedText kErased = FixedText::Of("Tha application has been erased successfuly!");
+inline constexpr FixedText kWriteFailed = FixedText::Of("Write failed!");
+inline constexpr FixedText kFlashModeStays = FixedText::Of(
+    "Flash mode could not be switched off!\nPlease switch the power supply of the ECU off and on.");
+inline constexpr FixedText kNoCopyQuestion = FixedText::Of(
+    "The configuration of the ECU could not be stored!\nDo you want to go on without a copy of "
+    "it?");
 
 // What the surroundings add; each may be empty.
 struct FirmwareHooks {
@@ -40,11 +40,8 @@ struct FirmwareHooks {
   // Asked between two exchanges; true ends the update there. `erasing`: the firmware is not whole
   // any more, and a stop leaves an ECU without it.
   std::function<bool(bool erasing)> stop_wanted = {};
-  // Before `ecu` leaves its application: stores its configuration and gives the name it is stored
-  // under, or nothing when that failed.
-  std::function<std::optional<std::string>(const EcuIdentity& ecu)> store_configuration = {};
-  // After a successful download: `stored` can be loaded again.
-  std::function<void(const std::string& stored)> offer_configuration = {};
+  // Before `ecu` leaves its application: stores its configuration; false when that failed.
+  std::function<bool(const EcuIdentity& ecu)> store_configuration = {};
 };
 
 class FirmwareDownload {
@@ -81,7 +78,7 @@ class FirmwareDownload {
   // How an update ended, and what the person is told when flash mode is off again.
   struct End {
     Outcome outcome = Outcome::kDone;
-    std::string_view message = {};
+    FixedText message = {};
     MessageIcon icon = MessageIcon::kNone;
     ModbusResult result = ModbusResult::kOk;
     bool flash_mode_stays = false;
@@ -91,9 +88,9 @@ class FirmwareDownload {
 
   // Asks, makes sure that the ECU is still `ecu`, and has its configuration stored as long as it
   // runs its application.
-  [[nodiscard]] End Confirm(const std::string& question, const EcuIdentity& ecu,
-                            std::optional<std::string>& stored);
-  // Does `work` in flash mode, which is off again on every way out.
+  [[nodiscard]] End Confirm(const Message& question, const EcuIdentity& ecu);
+  // Does `work` in flash mode, which is off again on every way out; nothing when the order to
+  // switch it on has failed.
   [[nodiscard]] End InFlashMode(const std::function<End(mbFlasher&)>& work);
   [[nodiscard]] End EraseAll(mbFlasher& flasher);
   [[nodiscard]] End EraseAndWrite(mbFlasher& flasher, const std::filesystem::path& image,

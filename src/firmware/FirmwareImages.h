@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/Identification.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -29,23 +30,24 @@ struct FirmwareImage {
 [[nodiscard]] std::vector<FirmwareImage> FindFirmwareImages(
     const std::filesystem::path& folder = kFirmwareFolder);
 
-inline constexpr std::string_view kNoImage = "Cannot find firmware for the selected version!";
-inline constexpr std::string_view kImageUnreadable =
-    "The firmware image could not be read!\nNothing has been erased.";
-inline constexpr std::string_view kImageEmpty =
-    "The firmware image is empty!\nNothing has been erased.";
-inline constexpr std::string_view kImageTooLarge =
-    "The firmware image is too large for this ECU!\nNothing has been erased.";
-inline constexpr std::string_view kImageChanged =
+inline constexpr FixedText kNoImage =
+    FixedText::Of("Cannot find firmware for the selected version!");
+inline constexpr FixedText kImageUnreadable =
+    FixedText::Of("The firmware image could not be read!\nNothing has been erased.");
+inline constexpr FixedText kImageEmpty =
+    FixedText::Of("The firmware image is empty!\nNothing has been erased.");
+inline constexpr FixedText kImageTooLarge =
+    FixedText::Of("The firmware image is too large for this ECU!\nNothing has been erased.");
+inline constexpr FixedText kImageChanged = FixedText::Of(
     "The firmware image has changed while it was being read!\nNothing has been erased. Please try "
-    "again.";
+    "again.");
 
 // More than any ECU's flash; a larger file is not read.
 inline constexpr std::size_t kLargestImage = std::size_t{16} * 1024 * 1024;
 
 struct ImageContent {
   std::vector<std::uint8_t> bytes;  // at least one when there is no problem
-  std::string_view problem;         // what to tell the person; empty: none
+  FixedText problem;                // what to tell the person; empty: none
 };
 
 // All bytes of the image. While they are read nobody else may open the file, where the system can

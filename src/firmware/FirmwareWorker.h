@@ -1,5 +1,5 @@
-// The firmware dialog's own thread: started with the dialog, it waits for the person to start the
-// update, does it, and ends. Made, begun and destroyed by the user-interface thread.
+// The thread of one firmware update: it waits to be begun, does the update, and ends. The dialog
+// makes one for every update. Made, begun and destroyed by the user-interface thread.
 #pragma once
 
 #include <atomic>

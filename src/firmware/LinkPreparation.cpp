@@ -47,13 +47,16 @@ IdentifyOutcome CheckUpdateTarget(ClpgecuDoc& document, const EcuIdentity& ident
   return {};
 }
 
-std::string NameOfTarget(const EcuIdentity& identity) {
-  if (identity.bootloader) return "bootloader " + identity.revision;
-  std::array<char, 32> software{};
-  std::snprintf(software.data(), software.size(), "software %02d.%02d", identity.software.major,
+Message NameOfTarget(const EcuIdentity& identity) {
+  if (identity.bootloader) return {FixedText::Of("bootloader %1"), identity.revision};
+  std::array<char, 8> version{};
+  std::snprintf(version.data(), version.size(), "%02d.%02d", identity.software.major,
                 identity.software.minor);
-  if (!identity.serial) return software.data();
-  return FormatSerialNumber(*identity.serial) + ", " + software.data();
+  const Message software(FixedText::Of("software %1"), version.data());
+  if (!identity.serial) return software;
+  Message name = Message::Verbatim(FormatSerialNumber(*identity.serial));
+  name.Append(", ", software);
+  return name;
 }
 
 IdentifyOutcome PrepareLink(ClpgecuDoc& document, EcuIdentity& identity) {

@@ -8,6 +8,7 @@
 
 #include "app/ClpgecuDoc.h"
 #include "app/Identification.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -32,15 +33,15 @@ class MoreAttempts {
 // not open or was unplugged. The messages of a failure are the connection's.
 IdentifyOutcome FindUpdateTarget(ClpgecuDoc& document, EcuIdentity& identity);
 
-inline constexpr std::string_view kAnotherTarget =
-    "Another ECU answers than the one in the question!\nNothing has been erased.";
+inline constexpr FixedText kAnotherTarget =
+    FixedText::Of("Another ECU answers than the one in the question!\nNothing has been erased.");
 
 // Makes sure, right before something is done to it, that `identity` is still what answers. Fails
 // with kAnotherTarget, or as FindUpdateTarget does.
 IdentifyOutcome CheckUpdateTarget(ClpgecuDoc& document, const EcuIdentity& identity);
 
 // "ECU123456, software 00.39" or "bootloader P42V0T39M1B7": an ECU in a question.
-[[nodiscard]] std::string NameOfTarget(const EcuIdentity& identity);
+[[nodiscard]] Message NameOfTarget(const EcuIdentity& identity);
 
 // Opens the document's port if it is not open or was unplugged, orders the ECU into its bootloader
 // (it takes the order there too), and makes sure that the bootloader answers. `identity` becomes

@@ -27,7 +27,7 @@ constexpr auto kGasPressureSensors = std::to_array<SensorTypeRecord>({
 constexpr auto kMapSensors = std::to_array<SensorTypeRecord>({
     {"Zelor-P9115", 11, 1180, 3},
     {"Zelor-P9250", 93, 2609, 2},
-    {"Custom", 0, 1023, kCustomSensorCode},
+    {FixedText::Of("Custom"), 0, 1023, kCustomSensorCode},
 });
 
 constexpr auto kGasTemperatureSensors = std::to_array<SensorCodeRecord>({

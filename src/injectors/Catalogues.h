@@ -8,6 +8,8 @@
 #include <span>
 #include <string_view>
 
+#include "platform/Message.h"
+
 namespace zelorgas {
 
 template <typename Record>
@@ -63,8 +65,8 @@ struct LambdaRangeRecord {
 };
 
 // Placeholders of a list, which are never applied.
-inline constexpr std::string_view kEmptyInjector = "EMPTY";
-inline constexpr std::string_view kNoSensor = "NONE";
+inline constexpr std::string_view kEmptyInjector = FixedText::Of("EMPTY");
+inline constexpr std::string_view kNoSensor = FixedText::Of("NONE");
 // The type code of the manifold sensor whose points come from a calibration.
 inline constexpr std::uint32_t kCustomSensorCode = 255;
 

@@ -131,27 +131,29 @@ void ConfigurationModel::ShowLambdaAxis(int index) {
   if (range != nullptr) lambda_axis_volts_ = range->axis_maximum_volts;
 }
 
-std::vector<std::string_view> ConfigurationModel::MissingParts(const VehicleData& vehicle) const {
-  std::vector<std::string_view> missing;
-  const auto need = [&missing](bool given, std::string_view part) {
+std::vector<FixedText> ConfigurationModel::MissingParts(const VehicleData& vehicle) const {
+  std::vector<FixedText> missing;
+  const auto need = [&missing](bool given, FixedText part) {
     if (!given) missing.push_back(part);
   };
   const bool engine_size_given = vehicle.engine_size_cc > kSmallestEngineCc;
-  constexpr std::string_view kEngineSize = "engine size (more than 500 cc)";
+  constexpr FixedText kEngineSize = FixedText::Of("engine size (more than 500 cc)");
   const InjectorTypeRecord* const injector = ShownInjector();
   if (injector == nullptr) {
     need(engine_size_given, kEngineSize);
     return missing;
   }
-  need(!vehicle.make.empty(), "vehicle make");
-  need(!vehicle.model.empty(), "vehicle model");
-  need(!vehicle.engine_code.empty(), "engine code");
+  need(!vehicle.make.empty(), FixedText::Of("vehicle make"));
+  need(!vehicle.model.empty(), FixedText::Of("vehicle model"));
+  need(!vehicle.engine_code.empty(), FixedText::Of("engine code"));
   need(engine_size_given, kEngineSize);
-  need(injector->name != kEmptyInjector, "gas injector type");
+  need(injector->name != kEmptyInjector, FixedText::Of("gas injector type"));
   need(injector->fixed_nozzle != 0 || nozzle_.tenths_mm > kTenthsOfOneMillimetre,
-       "nozzle diameter (more than 1.0 mm)");
-  need(ShownName(ChoiceList::kGasPressureSensor) != kNoSensor, "gas pressure sensor");
-  need(ShownName(ChoiceList::kWaterTemperatureSensor) != kNoSensor, "coolant temperature sensor");
+       FixedText::Of("nozzle diameter (more than 1.0 mm)"));
+  need(ShownName(ChoiceList::kGasPressureSensor) != kNoSensor,
+       FixedText::Of("gas pressure sensor"));
+  need(ShownName(ChoiceList::kWaterTemperatureSensor) != kNoSensor,
+       FixedText::Of("coolant temperature sensor"));
   return missing;
 }
 

@@ -16,6 +16,7 @@
 #include "injectors/Catalogues.h"
 #include "injectors/Choices.h"
 #include "injectors/VehicleData.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -84,7 +85,7 @@ class ConfigurationModel {
 
   // What the configuration lacks, each as a person would name it. With no injector selected only
   // the engine size counts.
-  [[nodiscard]] std::vector<std::string_view> MissingParts(const VehicleData& vehicle) const;
+  [[nodiscard]] std::vector<FixedText> MissingParts(const VehicleData& vehicle) const;
   [[nodiscard]] bool isConfigurationComplete(const VehicleData& vehicle) const {
     return MissingParts(vehicle).empty();
   }

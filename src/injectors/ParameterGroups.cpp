@@ -100,13 +100,13 @@ constexpr auto kLambda = std::to_array<std::string_view>({
 });
 
 constexpr std::array<ParameterGroup, 7> kGroups{{
-    {"Change-over", kChangeOver},
-    {"Injection", kInjection},
-    {"Sensors", kSensors},
-    {"Engine speed", kSpeed},
-    {"Safety", kSafety},
-    {"Idle and cut-off", kIdleAndCutOff},
-    {"Lambda", kLambda},
+    {FixedText::Of("Change-over"), kChangeOver},
+    {FixedText::Of("Injection"), kInjection},
+    {FixedText::Of("Sensors"), kSensors},
+    {FixedText::Of("Engine speed"), kSpeed},
+    {FixedText::Of("Safety"), kSafety},
+    {FixedText::Of("Idle and cut-off"), kIdleAndCutOff},
+    {FixedText::Of("Lambda"), kLambda},
 }};
 
 constexpr auto kFlags = std::to_array<std::string_view>({
@@ -149,14 +149,19 @@ ParameterKind KindOf(const Parameter& parameter) {
 
 std::span<const ParameterGroup> ParameterGroups() { return kGroups; }
 
-std::vector<const Parameter*> SearchParameters(std::string_view text) {
+std::string EnglishMeaning(const Parameter& parameter) {
+  return std::string(parameter.meaning.English());
+}
+
+std::vector<const Parameter*> SearchParameters(std::string_view text, const MeaningOf& meaning_of) {
   const std::vector<std::string_view> words = Words(text);
   std::vector<const Parameter*> found;
   for (const ParameterGroup& group : kGroups) {
     for (const std::string_view name : group.names) {
       const Parameter* const parameter = FindParameter(name);
-      const auto occurs = [parameter](std::string_view word) {
-        return Contains(parameter->name, word) || Contains(parameter->meaning, word);
+      const std::string meaning = meaning_of(*parameter);
+      const auto occurs = [&](std::string_view word) {
+        return Contains(parameter->name, word) || Contains(meaning, word);
       };
       if (std::ranges::all_of(words, occurs)) found.push_back(parameter);
     }

@@ -3,11 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "config/Parameters.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -20,14 +23,20 @@ enum class ParameterKind : std::uint8_t {
 [[nodiscard]] ParameterKind KindOf(const Parameter& parameter);
 
 struct ParameterGroup {
-  std::string_view title;
+  FixedText title;
   std::span<const std::string_view> names;  // of its parameters, in the order of the page
 };
 // Every parameter is in one of them.
 [[nodiscard]] std::span<const ParameterGroup> ParameterGroups();
 
+// The words of a parameter's meaning that a search looks through.
+using MeaningOf = std::function<std::string(const Parameter&)>;
+[[nodiscard]] std::string EnglishMeaning(const Parameter& parameter);
+
 // The parameters in whose name or meaning every word of `text` occurs, without regard to case, in
-// the order of the groups. Without a word that is all of them.
-[[nodiscard]] std::vector<const Parameter*> SearchParameters(std::string_view text);
+// the order of the groups. Without a word that is all of them. The case of letters beyond ASCII is
+// the caller's business.
+[[nodiscard]] std::vector<const Parameter*> SearchParameters(
+    std::string_view text, const MeaningOf& meaning_of = EnglishMeaning);
 
 }  // namespace zelorgas

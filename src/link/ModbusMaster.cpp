@@ -96,28 +96,28 @@ ModbusResult ModbusMaster::ReadDeviceIdentification(std::uint8_t slave, std::uin
   });
 }
 
-std::string ModbusMaster::ErrorText(ModbusResult result) const {
+Message ModbusMaster::ErrorText(ModbusResult result) const {
   switch (result) {
     case ModbusResult::kOk:
-      return "Ok";
+      return FixedText::Of("Ok");
     case ModbusResult::kTimeOut:
-      return "Time Out Error";
+      return FixedText::Of("Time Out Error");
     case ModbusResult::kInvalidResponse:
-      return "invalid returned device response";
+      return FixedText::Of("invalid returned device response");
     case ModbusResult::kCrcError:
-      return "crc error";
+      return FixedText::Of("crc error");
     case ModbusResult::kWriteError:
-      return "Write communication error";
+      return FixedText::Of("Write communication error");
     case ModbusResult::kReadError:
-      return "Read communication error";
+      return FixedText::Of("Read communication error");
     case ModbusResult::kPortNotOpen:
-      return "Comm port not opened";
+      return FixedText::Of("Comm port not opened");
     case ModbusResult::kLockTimeOut:
-      return "Critical section lock time-out error";
+      return FixedText::Of("Critical section lock time-out error");
     default:
       // Values that no operation produces take this text too, with a negative number.
-      return "Modbus device return an exception code" +
-             std::to_string(static_cast<int>(result) - static_cast<int>(ModbusResult::kException));
+      return Message(FixedText::Of("Modbus device return an exception code%1"),
+                     static_cast<int>(result) - static_cast<int>(ModbusResult::kException));
   }
 }
 

@@ -20,6 +20,7 @@
 #include "link/LinkLock.h"
 #include "link/ModbusResult.h"
 #include "link/ModbusUnit.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -38,7 +39,7 @@ class ModbusMaster {
                                 std::size_t& received_length) = 0;
 
   // The fixed text of a result: "Time Out Error"; for an exception its code in decimal at the end.
-  [[nodiscard]] virtual std::string ErrorText(ModbusResult result) const;
+  [[nodiscard]] virtual Message ErrorText(ModbusResult result) const;
 
   // How often an operation tries before it gives up; 1 while polling, 3 while a page writes. At
   // least one attempt is always made.

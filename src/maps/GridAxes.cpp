@@ -1,7 +1,6 @@
 #include "maps/GridAxes.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "config/ConfigurationBlock.h"
 #include "maps/DecimalNumber.h"
@@ -18,6 +17,12 @@ constexpr double kLargestTimeMs = 65.535;
 std::optional<double> ParseCentre(std::string_view text, double largest) {
   const std::optional<double> value = ParseDecimal(Trimmed(text));
   return value && *value >= 0 && *value <= largest ? value : std::nullopt;
+}
+
+// Digits alone: the point of "6.000" is for some a decimal point, for others not.
+std::optional<double> ParseSpeed(std::string_view text) {
+  if (Trimmed(text).find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  return ParseCentre(text, kLargestSpeedRpm);
 }
 
 }  // namespace
@@ -72,19 +77,19 @@ GridPosition Locate(const GridAxes& axes, double speed_rpm, double time_ms) {
 
 std::optional<GridAxes> ParseCentres(std::span<const std::string, kGridSize> speeds,
                                      std::span<const std::string, kGridSize> times,
-                                     std::string& message) {
+                                     Message& message) {
   GridAxes axes;
   for (std::size_t i = 0; i < kGridSize; ++i) {
-    const std::optional<double> speed = ParseCentre(speeds[i], kLargestSpeedRpm);
-    if (!speed || *speed != std::floor(*speed)) {
-      message = "Column " + std::to_string(i + 1) + ": \"" + speeds[i] +
-                "\" is not a whole number from 0 to 65535!";
+    const std::optional<double> speed = ParseSpeed(speeds[i]);
+    if (!speed) {
+      message = {FixedText::Of("Column %1: \"%2\" is not a whole number from 0 to 65535!"), i + 1,
+                 speeds[i]};
       return std::nullopt;
     }
     const std::optional<double> time = ParseCentre(times[i], kLargestTimeMs);
     if (!time) {
-      message = "Row " + std::to_string(i + 1) + ": \"" + times[i] +
-                "\" is not a number from 0 to 65.535!";
+      message = {FixedText::Of("Row %1: \"%2\" is not a number from 0 to 65.535!"), i + 1,
+                 times[i]};
       return std::nullopt;
     }
     axes.speeds_rpm[i] = *speed;

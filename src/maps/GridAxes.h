@@ -12,6 +12,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Message.h"
+
 namespace zelorgas {
 
 // The ECU keeps 16 x 16 cells; these are shown and edited, whatever its counts in use say.
@@ -44,10 +46,10 @@ struct GridAxes {
 [[nodiscard]] GridAxes DefaultAxes();
 [[nodiscard]] GridMatrix DefaultCoefficients();
 
-inline constexpr std::string_view kGridCornerText = "Tpet/RPM";
-inline constexpr std::string_view kSurfaceTimeAxis = "Tpet, ms";
-inline constexpr std::string_view kSurfaceSpeedAxis = "RPM, 1/min";
-inline constexpr std::string_view kSurfaceCoefficientAxis = "Coef";
+inline constexpr FixedText kGridCornerText = FixedText::Of("Tpet/RPM");
+inline constexpr FixedText kSurfaceTimeAxis = FixedText::Of("Tpet, ms");
+inline constexpr FixedText kSurfaceSpeedAxis = FixedText::Of("RPM, 1/min");
+inline constexpr FixedText kSurfaceCoefficientAxis = FixedText::Of("Coef");
 
 [[nodiscard]] std::string SpeedText(double speed_rpm);          // "%d"
 [[nodiscard]] std::string TimeText(double time_ms);             // "%.1f"
@@ -76,6 +78,6 @@ struct GridPosition {
 // Nothing, and `message` for the person, when a text is no number or no register can hold it.
 [[nodiscard]] std::optional<GridAxes> ParseCentres(std::span<const std::string, kGridSize> speeds,
                                                    std::span<const std::string, kGridSize> times,
-                                                   std::string& message);
+                                                   Message& message);
 
 }  // namespace zelorgas

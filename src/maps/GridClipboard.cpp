@@ -21,20 +21,29 @@ std::string_view NextPart(std::string_view& rest, char separator, bool& more) {
   return part;
 }
 
-std::string Quantity(std::size_t count, const char* what) {
-  return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
+Message Quantity(std::size_t count, FixedText one, FixedText more) {
+  return count == 1 ? one : Message(more, count);
+}
+Message Cells(std::size_t count) {
+  return Quantity(count, FixedText::Of("1 cell"), FixedText::Of("%1 cells"));
+}
+Message Rows(std::size_t count) {
+  return Quantity(count, FixedText::Of("1 row"), FixedText::Of("%1 rows"));
+}
+Message Columns(std::size_t count) {
+  return Quantity(count, FixedText::Of("1 column"), FixedText::Of("%1 columns"));
 }
 
-std::optional<Block> ParseBlock(std::string_view text, std::string& message) {
+std::optional<Block> ParseBlock(std::string_view text, Message& message) {
   // Spreadsheets end the last line too.
   text = text.substr(0, text.find_last_not_of("\r\n") + 1);
   constexpr std::size_t kLongest = 64 * std::size_t{1024};
   if (text.size() > kLongest) {
-    message = "The pasted text is too long for the grid!";
+    message = FixedText::Of("The pasted text is too long for the grid!");
     return std::nullopt;
   }
   if (Trimmed(text).empty()) {
-    message = "There is nothing to paste!";
+    message = FixedText::Of("There is nothing to paste!");
     return std::nullopt;
   }
   Block block;
@@ -47,17 +56,16 @@ std::optional<Block> ParseBlock(std::string_view text, std::string& message) {
       const std::string_view field = NextPart(line, '\t', more_fields);
       const std::optional<double> value = ParseDecimal(Trimmed(field));
       if (!value) {
-        message = "Row " + std::to_string(block.size()) + ", column " +
-                  std::to_string(row.size() + 1) + " of the pasted text: \"" +
-                  std::string(Trimmed(field)) + "\" is not a number!";
+        message = {FixedText::Of("Row %1, column %2 of the pasted text: \"%3\" is not a number!"),
+                   block.size(), row.size() + 1, Trimmed(field)};
         return std::nullopt;
       }
       row.push_back(*value);
     }
     if (row.size() != block.front().size()) {
-      message = "The rows of the pasted text differ in length: row 1 has " +
-                Quantity(block.front().size(), "cell") + ", row " + std::to_string(block.size()) +
-                " has " + std::to_string(row.size()) + "!";
+      message = {FixedText::Of("The rows of the pasted text differ in length: row 1 has %1, row %2 "
+                               "has %3!"),
+                 Cells(block.front().size()), block.size(), row.size()};
       return std::nullopt;
     }
   }
@@ -80,9 +88,9 @@ std::string CopyBlock(const GridMatrix& matrix, std::span<const GridCell> cells)
 }
 
 std::optional<CItemStepList> PlaceBlock(std::string_view text, std::span<const GridCell> cells,
-                                        std::string& message) {
+                                        Message& message) {
   if (cells.empty()) {
-    message = "Select the cell at which the pasted block begins!";
+    message = FixedText::Of("Select the cell at which the pasted block begins!");
     return std::nullopt;
   }
   const std::optional<Block> block = ParseBlock(text, message);
@@ -97,10 +105,10 @@ std::optional<CItemStepList> PlaceBlock(std::string_view text, std::span<const G
   const GridCell first = RectangleAround(cells).first;
   const std::size_t columns = block->front().size();
   if (first.row + block->size() > kGridSize || first.column + columns > kGridSize) {
-    message = "The pasted block has " + Quantity(block->size(), "row") + " and " +
-              Quantity(columns, "column") + "; from the selected cell on there is room for " +
-              std::to_string(kGridSize - first.row) + " and " +
-              std::to_string(kGridSize - first.column) + "!";
+    message = {FixedText::Of("The pasted block has %1 and %2; from the selected cell on there is "
+                             "room for %3 and %4!"),
+               Rows(block->size()), Columns(columns), kGridSize - first.row,
+               kGridSize - first.column};
     return std::nullopt;
   }
   for (std::size_t row = 0; row < block->size(); ++row) {

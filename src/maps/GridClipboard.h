@@ -9,6 +9,7 @@
 
 #include "maps/CUndoStack.h"
 #include "maps/GridAxes.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -21,6 +22,6 @@ namespace zelorgas {
 // does not fit.
 [[nodiscard]] std::optional<CItemStepList> PlaceBlock(std::string_view text,
                                                       std::span<const GridCell> cells,
-                                                      std::string& message);
+                                                      Message& message);
 
 }  // namespace zelorgas

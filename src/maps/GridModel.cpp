@@ -114,7 +114,7 @@ GridResult GridModel::Step(std::span<const GridCell> cells, int hundredths,
 
 GridResult GridModel::Paste(std::span<const GridCell> cells, std::string_view text,
                             const GridWatch& watch) {
-  std::string message;
+  Message message;
   const std::optional<CItemStepList> points = PlaceBlock(text, ValidCells(cells), message);
   if (points) return Do(*points, watch);
   boxes_.Inform(message, MessageIcon::kExclamation);
@@ -132,6 +132,10 @@ void GridModel::ForgetEcu() {
   axes_ = DefaultAxes();
   matrix_ = DefaultCoefficients();
   live_.Forget();
+  ForgetSteps();
+}
+
+void GridModel::ForgetSteps() {
   undo_.Clear();
   redo_.Clear();
 }

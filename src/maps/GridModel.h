@@ -18,11 +18,12 @@
 #include "maps/GridAxes.h"
 #include "maps/GridEdits.h"
 #include "maps/LiveMarker.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
-inline constexpr std::string_view kOutOfRangeInput =
-    "A value, out of the permitted range, is input!";
+inline constexpr FixedText kOutOfRangeInput =
+    FixedText::Of("A value, out of the permitted range, is input!");
 
 // Who watches an action; either may be empty. They may let events run, but an action that they
 // start meanwhile is refused.
@@ -102,6 +103,8 @@ class GridModel {
   [[nodiscard]] bool CanRedo() const { return !redo_.Empty(); }
   // Everything as at the start: the cells, centres and steps were another ECU's.
   void ForgetEcu();
+  // Nothing can be taken back any more: the ECU has another configuration.
+  void ForgetSteps();
 
   // Writes the columns' centres, then the rows', each in one request. An axis whose request failed
   // keeps its centres; that is told at the end.

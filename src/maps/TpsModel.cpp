@@ -12,9 +12,10 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::string_view kUnsignedRange = "whole number from 0 to 65535";
-constexpr std::string_view kSignedRange = "whole number from -32768 to 32767";
-constexpr std::string_view kTenthsRange = "number from 0 to 6553.5";
+constexpr FixedText kUnsignedRange = FixedText::Of("\"%1\" is not a whole number from 0 to 65535!");
+constexpr FixedText kSignedRange =
+    FixedText::Of("\"%1\" is not a whole number from -32768 to 32767!");
+constexpr FixedText kTenthsRange = FixedText::Of("\"%1\" is not a number from 0 to 6553.5!");
 constexpr double kLargestTenths = 6553.5;
 constexpr double kHalfTenth = 0.05;
 
@@ -99,6 +100,10 @@ bool TpsModel::WriteRegister(std::uint16_t reg, std::uint16_t value) {
   return WriteInSession([&](LinkSession& session) { return session.WriteRegister(reg, value); });
 }
 
+bool TpsModel::IsEndPoint(std::string_view text) {
+  return ParseWhole<std::uint16_t>(text).has_value();
+}
+
 bool TpsModel::WriteEndPoints(std::string_view closed, std::string_view full) {
   if (closed.empty() || full.empty()) return false;
   const std::optional<std::uint16_t> closed_word = ParseWhole<std::uint16_t>(closed);
@@ -138,10 +143,9 @@ bool TpsModel::WriteInSession(Write write) {
   return false;
 }
 
-void TpsModel::Reject(std::string_view text, std::string_view wanted) {
+void TpsModel::Reject(std::string_view text, FixedText message) {
   ShowAnew();
-  boxes_.Inform('"' + std::string(text) + "\" is not a " + std::string(wanted) + '!',
-                MessageIcon::kExclamation);
+  boxes_.Inform({message, text}, MessageIcon::kExclamation);
 }
 
 }  // namespace zelorgas

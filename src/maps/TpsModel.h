@@ -48,6 +48,7 @@ class TpsModel {
   // Both in one request. While one of them is empty nothing happens, without a word; what is no
   // number is told.
   bool WriteEndPoints(std::string_view closed, std::string_view full);
+  [[nodiscard]] static bool IsEndPoint(std::string_view text);
 
  private:
   enum class Sign : std::uint8_t { kSigned, kUnsigned };
@@ -56,7 +57,7 @@ class TpsModel {
   bool WriteWhole(std::uint16_t reg, std::string_view text, Sign sign, std::string_view unit = {});
   template <typename Write>
   bool WriteInSession(Write write);
-  void Reject(std::string_view text, std::string_view wanted);
+  void Reject(std::string_view text, FixedText message);
   void ShowAnew() const {
     if (refresh_) refresh_();
   }

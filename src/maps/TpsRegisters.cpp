@@ -15,23 +15,23 @@ std::uint16_t FirstRegister(TpsTable table) {
 
 }  // namespace
 
-std::string_view TitleOf(TpsTable table) {
-  return table == TpsTable::kAcceleration ? "TPS acceleration Enrichment/Enleanment"
-                                          : "TPS deceleration Enrichment/Enleanment";
+FixedText TitleOf(TpsTable table) {
+  return table == TpsTable::kAcceleration ? FixedText::Of("TPS acceleration Enrichment/Enleanment")
+                                          : FixedText::Of("TPS deceleration Enrichment/Enleanment");
 }
 
-std::string_view RowLabel(TpsQuantity quantity) {
+FixedText RowLabel(TpsQuantity quantity) {
   switch (quantity) {
     case TpsQuantity::kThreshold:
-      return "Threshold, %/s";
+      return FixedText::Of("Threshold, %/s");
     case TpsQuantity::kCorrection:
-      return "Correction, %";
+      return FixedText::Of("Correction, %");
     case TpsQuantity::kDuration:
-      return "Duration, Cycles";
+      return FixedText::Of("Duration, Cycles");
     case TpsQuantity::kDissolve:
       break;
   }
-  return "Dissolve, Cycles";
+  return FixedText::Of("Dissolve, Cycles");
 }
 
 std::uint16_t CellRegister(TpsTable table, TpsQuantity quantity, std::size_t band) {

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "config/ConfigurationBlock.h"
+#include "platform/Message.h"
 
 namespace zelorgas {
 
@@ -22,11 +23,11 @@ inline constexpr std::array kTpsQuantities{TpsQuantity::kThreshold, TpsQuantity:
 
 inline constexpr std::size_t kTpsBands = 16;  // the columns, speed bands
 
-inline constexpr std::string_view kTpsPageTitle = "TPS corrections";
-inline constexpr std::string_view kTpsIdleTitle = "Return to IDLE";
-inline constexpr std::string_view kTpsBandHeading = "RPM, 1/min";
-[[nodiscard]] std::string_view TitleOf(TpsTable table);
-[[nodiscard]] std::string_view RowLabel(TpsQuantity quantity);
+inline constexpr FixedText kTpsPageTitle = FixedText::Of("TPS corrections");
+inline constexpr FixedText kTpsIdleTitle = FixedText::Of("Return to IDLE");
+inline constexpr FixedText kTpsBandHeading = FixedText::Of("RPM, 1/min");
+[[nodiscard]] FixedText TitleOf(TpsTable table);
+[[nodiscard]] FixedText RowLabel(TpsQuantity quantity);
 
 [[nodiscard]] std::uint16_t CellRegister(TpsTable table, TpsQuantity quantity, std::size_t band);
 [[nodiscard]] std::uint16_t OutletRegister(TpsTable table);

@@ -1,5 +1,7 @@
 #include "platform/FileSystem.h"
 
+#include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <random>
 #include <system_error>
@@ -65,6 +67,14 @@ bool FindTarget(FileOperations& operations, const fs::path& path, fs::path& targ
   return true;
 }
 
+// A file system without locks does not tell that another process still writes.
+bool IsYoung(const fs::path& path) {
+  constexpr std::chrono::minutes kYoung{1};
+  std::error_code error;
+  const fs::file_time_type written = fs::last_write_time(path, error);
+  return !error && fs::file_time_type::clock::now() - written < kYoung;
+}
+
 void RemoveAbandoned(FileOperations& operations, const fs::path& folder, std::string_view prefix) {
   std::vector<fs::path> abandoned;
   std::error_code error;
@@ -72,7 +82,9 @@ void RemoveAbandoned(FileOperations& operations, const fs::path& folder, std::st
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
     if (PathText(entry->path().filename()).starts_with(prefix)) abandoned.push_back(entry->path());
   }
-  for (const fs::path& path : abandoned) operations.RemoveAbandoned(path);
+  for (const fs::path& path : abandoned) {
+    if (!IsYoung(path)) operations.RemoveAbandoned(path);
+  }
 }
 
 bool WriteAll(FileOperations::Output& output, std::string_view contents, std::string& reason) {
@@ -134,6 +146,25 @@ bool CanWriteWholeFile(const fs::path& path, std::string& reason) {
   if (!operations->Create(temporary, target, reason)) return false;
   operations->Remove(temporary);
   return true;
+}
+
+bool CreateFolders(const fs::path& folder, std::string& reason) {
+  std::error_code error;
+  std::vector<fs::path> missing;
+  for (fs::path at = folder; !at.empty() && !fs::exists(at, error); at = at.parent_path()) {
+    missing.push_back(at);
+    // The root of a drive that is not there.
+    if (at == at.parent_path()) break;
+  }
+  fs::create_directories(folder, error);
+  if (error) {
+    reason = error.message();
+    return false;
+  }
+  const std::unique_ptr<FileOperations> operations = MakeFileOperations();
+  return std::ranges::all_of(missing, [&](const fs::path& made) {
+    return operations->SyncFolder(made.parent_path(), reason);
+  });
 }
 
 bool WriteWholeFile(const fs::path& path, std::string_view contents, std::string& reason) {

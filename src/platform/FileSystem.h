@@ -29,13 +29,17 @@ inline constexpr std::uintmax_t kLargestWholeFile = 16U << 20U;
 // reason, when it could not: the old file is then untouched, or still absent; or the new one is in
 // its place, complete, and the reason says that a power failure may undo it. A link is followed,
 // one that leads nowhere, what is no regular file or may not be written is refused. What a killed
-// process has left behind at the same target is removed.
+// process has left behind at the same target is removed when it is a minute old.
 [[nodiscard]] bool WriteWholeFile(const std::filesystem::path& path, std::string_view contents,
                                   std::string& reason);
 
 // True when WriteWholeFile may be expected to succeed there, for what takes long to come by. What
 // is at `path` is left alone.
 [[nodiscard]] bool CanWriteWholeFile(const std::filesystem::path& path, std::string& reason);
+
+// Makes the folder and those on the way to it that do not exist, and returns when a power failure
+// cannot take them away. False, with the system's reason, when it could not.
+[[nodiscard]] bool CreateFolders(const std::filesystem::path& folder, std::string& reason);
 
 // The single operations behind WriteWholeFile, so that a test can let each of them fail.
 class FileOperations {

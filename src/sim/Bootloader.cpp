@@ -1,6 +1,7 @@
 #include "sim/Bootloader.h"
 
 #include <algorithm>
+#include <cstring>
 #include <numeric>
 #include <utility>
 
@@ -36,14 +37,16 @@ std::uint32_t Checksum(std::span<const std::uint8_t> bytes) {
 
 // A block that there is not, or that is not the client's, counts as written.
 bool IsBlank(std::span<const std::uint8_t> bytes) {
-  return !bytes.empty() &&
-         std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == kBlank; });
+  // All are as the first one: quicker than byte by byte, and tests do it very often.
+  return !bytes.empty() && bytes.front() == kBlank &&
+         std::memcmp(bytes.data(), bytes.data() + 1, bytes.size() - 1) == 0;
 }
 
 }  // namespace
 
 Bootloader::Bootloader() : flash_(kApplicationSize, kBlank) {
-  std::ranges::copy(MakeImage(40000, 39), flash_.begin());
+  static const std::vector<std::uint8_t> kFromTheFactory = MakeImage(40000, 39);
+  std::ranges::copy(kFromTheFactory, flash_.begin());
 }
 
 std::vector<std::uint8_t> Bootloader::MakeImage(std::size_t size, std::uint32_t seed) {

@@ -65,7 +65,12 @@ void SimulatedEcu::Restart() {
   Boot(false);
 }
 
-void SimulatedEcu::LosePower() { Restart(); }
+void SimulatedEcu::LosePower() {
+  const std::lock_guard guard(lock_);
+  Boot(options_.starts_late);
+  // Its patience begins.
+  if (options_.starts_late) now_ = clock_.Now();
+}
 
 void SimulatedEcu::EnterBootloader() {
   const std::lock_guard guard(lock_);

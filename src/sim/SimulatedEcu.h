@@ -29,6 +29,7 @@ struct SimulatedEcuOptions {
   std::uint8_t hardware_minor = 2;
   std::uint32_t serial = 123456;
   bool in_bootloader = false;  // from the start, and held there
+  bool starts_late = false;    // with power waits in the bootloader, as long as its patience goes
   std::uint64_t seed = 1;
   // Another make of ECU, for what refuses it.
   std::string vendor = "Tarnwick Ltd.";
@@ -60,7 +61,8 @@ class SimulatedEcu final : private SlaveMap {
 
   // A reset: the restart flag (coil 43) is raised, the configuration stays.
   void Restart();
-  // The supply goes and comes: as a reset, and a bootloader starts the application if it is whole.
+  // The supply goes and comes: as a reset, and a bootloader starts the application if it is whole,
+  // at once unless the ECU starts late.
   void LosePower();
 
   // Into the bootloader, as coil 33 orders it, and held there until it has been programmed or is

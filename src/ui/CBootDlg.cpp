@@ -49,14 +49,15 @@ void SetValue(QLabel* field, const QString& caption, const QString& text) {
 
 }  // namespace
 
-CBootDlg::CBootDlg(ClpgecuDoc& document, MessageBoxes& boxes, Images images, Store store,
+CBootDlg::CBootDlg(ClpgecuDoc& document, MessageBoxes& boxes, Images images, Backup backup,
                    const EcuIdentity& ecu, QWidget* parent)
     : QDialog(parent),
       document_(document),
       images_(std::move(images)),
+      backup_(std::move(backup)),
       calls_(*this),
       boxes_(calls_, boxes, [this](const QString& text) { ShowStatus(text); }),
-      download_(document, boxes_, Hooks(std::move(store))),
+      download_(document, boxes_, Hooks()),
       end_(ecu.bootloader ? FirmwareUpdate::End::kNotRunning : FirmwareUpdate::End::kUntouched) {
   setObjectName("boot_dialog");
   setWindowTitle(tr("Firmware update"));
@@ -299,6 +300,8 @@ void CBootDlg::Begin(std::optional<std::filesystem::path> image) {
   ShowPhase(Phase::kUpdating, tr("Do not unplug the cable and do not switch the ignition off now. "
                                  "The window closes when the update has ended."));
   ShowNoProgress(/*busy=*/false);
+  outcome_ = Outcome::kFailed;
+  found_running_ = application_left_ = erased_ = programmed_ = application_runs_ = false;
   worker_ = std::make_unique<FirmwareWorker>(
       [this, image = std::move(image)] { Update(image); },
       [this](bool /*has_run*/) { calls_.Post([this] { FollowEnd(); }); });
@@ -310,10 +313,8 @@ void CBootDlg::FollowEnd() {
   if (bar_->maximum() == 0) ShowNoProgress(/*busy=*/false);
   // A firmware that runs has not been erased: this is another ECU than before, or a mended one.
   if (found_running_ || programmed_) without_firmware_.reset();
-  if (erased_) {
-    flash_changed_ = true;
-    if (!programmed_) without_firmware_ = outcome_;
-  }
+  if (erased_ && !programmed_) without_firmware_ = outcome_;
+  backup_.settle(erased_);
   using End = FirmwareUpdate::End;
   if (application_runs_) {
     end_ = programmed_ ? End::kUpdated : End::kUntouched;
@@ -328,10 +329,6 @@ void CBootDlg::FollowEnd() {
 }
 
 void CBootDlg::Update(const std::optional<std::filesystem::path>& image) {
-  outcome_ = Outcome::kFailed;
-  found_running_ = application_left_ = erased_ = false;
-  programmed_ = false;
-  application_runs_ = false;
   EcuIdentity ecu;
   // Another one may be plugged in since the dialog was opened.
   if (const IdentifyOutcome found = FindUpdateTarget(document_, ecu); !found.Ok()) {
@@ -366,17 +363,16 @@ void CBootDlg::AwaitApplication(bool updated) {
       {.ignition_needed = ignition_needed, .stop_wanted = [this] { return stop_waiting_.load(); }});
 }
 
-FirmwareHooks CBootDlg::Hooks(Store store) {
+FirmwareHooks CBootDlg::Hooks() {
   FirmwareHooks hooks;
   hooks.progress = [this](const FlashProgress& progress) {
     calls_.Post([this, progress] { ShowProgress(progress); });
   };
-  if (!store) return hooks;
-  hooks.store_configuration = [this, store = std::move(store)](const EcuIdentity& ecu) {
-    std::optional<std::string> stored;
+  hooks.store_configuration = [this](const EcuIdentity& ecu) {
+    bool stored = false;
     calls_.Call([&] {
       ShowStatus(tr("Storing the configuration..."));
-      stored = store(ecu);
+      stored = backup_.store(ecu);
     });
     return stored;
   };

@@ -36,13 +36,17 @@ class CBootDlg final : public QDialog {
     std::function<std::vector<FirmwareImage>()> find;
     QString folder;
   };
-  // Stores the configuration of `ecu`, which answers, and gives the file's name; nothing when that
-  // failed. Runs on the user-interface thread, while the update waits for it.
-  using Store = std::function<std::optional<std::string>(const EcuIdentity& ecu)>;
+  // What is done about the configuration of the ECU. Both run on the user-interface thread.
+  struct Backup {
+    // Stores that of `ecu`, which answers, while the update waits for it; false when that failed.
+    std::function<bool(const EcuIdentity& ecu)> store;
+    // An update has ended, and had begun to erase or not.
+    std::function<void(bool erased)> settle;
+  };
 
   // `ecu` is on the document's open port. The worker of the document does not run. Document and
   // boxes outlive the dialog.
-  CBootDlg(ClpgecuDoc& document, MessageBoxes& boxes, Images images, Store store,
+  CBootDlg(ClpgecuDoc& document, MessageBoxes& boxes, Images images, Backup backup,
            const EcuIdentity& ecu, QWidget* parent);
   ~CBootDlg() override { WaitForEnd(); }
 
@@ -52,8 +56,6 @@ class CBootDlg final : public QDialog {
   [[nodiscard]] FirmwareUpdate::End End() const { return end_; }
   // True when the last update has put an image into the ECU, whether it runs already or not.
   [[nodiscard]] bool Programmed() const { return programmed_; }
-  // True when any update has begun to erase.
-  [[nodiscard]] bool FlashChanged() const { return flash_changed_; }
 
   // Escape and the close button: not during an update.
   void reject() override;
@@ -88,10 +90,11 @@ class CBootDlg final : public QDialog {
   // On the update's thread.
   void Update(const std::optional<std::filesystem::path>& image);
   void AwaitApplication(bool updated);
-  [[nodiscard]] FirmwareHooks Hooks(Store store);
+  [[nodiscard]] FirmwareHooks Hooks();
 
   ClpgecuDoc& document_;
   const Images images_;
+  const Backup backup_;
   UiCalls calls_;  // of the update's thread
   ThreadBoxes boxes_;
   FirmwareDownload download_;
@@ -99,10 +102,9 @@ class CBootDlg final : public QDialog {
 
   std::vector<FirmwareImage> found_;
   Phase phase_ = Phase::kIdle;
-  bool flash_changed_ = false;
   // Of an ECU that has been erased and not been programmed since.
   std::optional<FirmwareDownload::Outcome> without_firmware_;
-  // Written by the update's thread, read when it has ended.
+  // Reset before an update, written by its thread, read when it has ended.
   FirmwareDownload::Outcome outcome_ = FirmwareDownload::Outcome::kDeclined;
   bool found_running_ = false;     // the ECU, in its application
   bool application_left_ = false;  // it was ordered out of it

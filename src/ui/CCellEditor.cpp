@@ -79,16 +79,24 @@ void CCellEditor::keyPressEvent(QKeyEvent* event) {
 
 void CCellEditor::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
-  // A message box that comes up or another window leave a half-typed number as it is.
-  if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason) {
+  // A message box that comes up, a menu and another window leave a half-typed number as it is.
+  const Qt::FocusReason reason = event->reason();
+  if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
+      reason == Qt::MenuBarFocusReason) {
     return;
   }
-  // A field that is disabled has lost its ECU.
   if (isEnabled()) {
     Commit(0, 0);
   } else {
     Cancel();
   }
+}
+
+void CCellEditor::changeEvent(QEvent* event) {
+  QLineEdit::changeEvent(event);
+  // A field that is disabled has lost its ECU; in a window that is not active it had no focus to
+  // lose.
+  if (event->type() == QEvent::EnabledChange && !isEnabled()) Cancel();
 }
 
 }  // namespace zelorgas

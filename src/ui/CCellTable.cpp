@@ -233,6 +233,8 @@ void CCellTable::mouseMoveEvent(QMouseEvent* event) {
 void CCellTable::mouseDoubleClickEvent(QMouseEvent* event) {
   const TableCell cell = CellAt(event->pos());
   if (event->button() != Qt::LeftButton || cell.row < 0 || cell.column < 0) return;
+  // The first click may have met another cell.
+  MoveCursor(cell);
   StartEditing(At(cell).plain, CCellEditor::Start::kOpened);
 }
 

@@ -46,7 +46,7 @@ void CDifferenceTable::Show(const QString& first, const QString& second,
   table_->clear();
   table_->setHeaderLabels({tr("Value"), first, second});
   const auto side = [](std::optional<std::uint16_t> raw, const std::string& text) {
-    return raw ? ToQString(text) : TranslatedMessage(text);
+    return raw ? ToQString(text) : TranslatedMessage(kMissingText);
   };
   for (const BlockDifference& difference : differences) {
     auto* const row =

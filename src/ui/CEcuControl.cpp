@@ -41,14 +41,12 @@ void CEcuControl::UpdateFirmware(const std::string& name, const QString& text) {
 }
 
 void CEcuControl::SynchronizeAfterRestart() {
-  Run([this] { SynchronizeNow(); });
+  RunOnThisEcu([this] { SynchronizeNow(); });
 }
 
 void CEcuControl::ConnectAnew() {
-  Run([this] {
-    // The message may have waited behind a disconnection.
-    if (state_ != State::kConnected) return;
-    boxes_.Status("Another ECU answers. Connecting to it...");
+  RunOnThisEcu([this] {
+    boxes_.Status(FixedText::Of("Another ECU answers. Connecting to it..."));
     DisconnectNow();
     ConnectNow(std::string(port_name_), QString(port_text_));
   });
@@ -57,6 +55,17 @@ void CEcuControl::ConnectAnew() {
 void CEcuControl::Run(Task task) {
   tasks_.push_back(std::move(task));
   if (!busy_) RunQueued();
+}
+
+CEcuControl::Task CEcuControl::ForThisEcu(Task task) {
+  return [this, connection = connections_, task = std::move(task)] {
+    if (state_ == State::kConnected && connection == connections_) task();
+  };
+}
+
+void CEcuControl::RunLaterOnThisEcu(QObject* asker, Task task) {
+  QMetaObject::invokeMethod(
+      asker, [this, mine = ForThisEcu(std::move(task))] { Run(mine); }, Qt::QueuedConnection);
 }
 
 void CEcuControl::WhenIdle(Task task) {
@@ -97,8 +106,9 @@ void CEcuControl::ConnectNow(const std::string& name, const QString& text) {
   const EcuConnection::Outcome outcome = connection_.Connect();
   // An update that has been refused leaves the port open.
   if (outcome == EcuConnection::Outcome::kFirmwareUpdate) connection_.Disconnect();
-  SetState(outcome == EcuConnection::Outcome::kConnected ? State::kConnected
-                                                         : State::kDisconnected);
+  const bool connected = outcome == EcuConnection::Outcome::kConnected;
+  if (connected) ++connections_;
+  SetState(connected ? State::kConnected : State::kDisconnected);
 }
 
 void CEcuControl::BeginOn(const std::string& name, const QString& text) {
@@ -135,14 +145,13 @@ void CEcuControl::DisconnectNow() {
 }
 
 void CEcuControl::SynchronizeNow() {
-  // The message may have waited behind a disconnection.
-  if (state_ != State::kConnected) return;
   boxes_.Status(kRestartNotice);
   const ModbusResult result = WriteBackAfterRestart(document_);
   if (result == ModbusResult::kOk) {
-    boxes_.Status("The data have been synchronized.");
+    boxes_.Status(FixedText::Of("The data have been synchronized."));
   } else {
-    boxes_.Status("The data could not be synchronized: " + document_.Link().ErrorText(result));
+    boxes_.Status({FixedText::Of("The data could not be synchronized: %1"),
+                   document_.Link().ErrorText(result)});
   }
 }
 

@@ -62,6 +62,11 @@ class CEcuControl final : public QObject {
 
   // Runs `task`, which may use the ECU, as soon as no procedure runs: now, or later on this thread.
   void Run(Task task);
+  // Runs what is meant for the ECU of this connection, such as an edit: never when that connection
+  // has ended meanwhile, be it that another has begun. `RunLaterOnThisEcu` leaves what the person
+  // does time to end, such as a field to close, and does nothing once `asker` has gone.
+  void RunOnThisEcu(Task task) { Run(ForThisEcu(std::move(task))); }
+  void RunLaterOnThisEcu(QObject* asker, Task task);
   // The same for what must not hold up a procedure, such as a message box, and leaves the ECU
   // alone.
   void WhenIdle(Task task);
@@ -69,10 +74,13 @@ class CEcuControl final : public QObject {
  signals:
   void StateChanged();
   void BusyChanged(bool busy);
+  // A stored configuration has been written to the ECU, in part perhaps. Emitted by who did it.
+  void ConfigurationLoaded();
 
  private:
   void SetState(State state);
   void SetBusy(bool busy);
+  [[nodiscard]] Task ForThisEcu(Task task);
   void RunQueued();
   void ConnectNow(const std::string& name, const QString& text);
   void DisconnectNow();
@@ -88,6 +96,7 @@ class CEcuControl final : public QObject {
   EcuConnection connection_;
 
   State state_ = State::kDisconnected;
+  std::uint64_t connections_ = 0;  // those that succeeded
   bool busy_ = false;
   std::string port_name_;
   QString port_text_;

@@ -9,7 +9,7 @@ CEntryField::CEntryField(QWidget* parent) : QLineEdit(parent) { setAlignment(Qt:
 
 void CEntryField::Show(const QString& text) {
   shown_ = text;
-  if (hasFocus() && isModified()) return;
+  if (isModified()) return;
   Restore();
 }
 
@@ -45,12 +45,14 @@ void CEntryField::focusOutEvent(QFocusEvent* event) {
       reason == Qt::MenuBarFocusReason) {
     return;
   }
-  // A field that is disabled has no ECU to write to.
-  if (isEnabled()) {
-    Commit();
-  } else {
-    Restore();
-  }
+  if (isEnabled()) Commit();
+}
+
+void CEntryField::changeEvent(QEvent* event) {
+  QLineEdit::changeEvent(event);
+  // The link has gone, and what was typed for this ECU with it, whether the window is active or
+  // not.
+  if (event->type() == QEvent::EnabledChange && !isEnabled()) Restore();
 }
 
 }  // namespace zelorgas

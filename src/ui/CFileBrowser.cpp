@@ -20,6 +20,8 @@ QString PlainToolTip(const std::string& text) {
   return "<p style='white-space:pre-wrap'>" + ToQString(Shortened(text)).toHtmlEscaped() + "</p>";
 }
 
+std::string WordsOf(const Message& message) { return TranslatedMessage(message).toStdString(); }
+
 // One line of the list, whatever the notes hold.
 QString OneLine(const std::string& text) { return ToQString(Shortened(text)).simplified(); }
 
@@ -93,7 +95,7 @@ void CFileBrowser::ShowFolder(const StorageFolderEntry& folder, QTreeWidgetItem*
   item->setData(0, kFolderRole, static_cast<int>(folders_.size()));
   folders_.push_back(folder.path);
   item->setIcon(0, style()->standardIcon(QStyle::SP_DirIcon));
-  item->setToolTip(0, PlainToolTip(folder.problem.empty() ? folder.name : folder.problem));
+  item->setToolTip(0, PlainToolTip(folder.problem.empty() ? folder.name : WordsOf(folder.problem)));
   for (const StorageFolderEntry& inner : folder.folders) {
     auto* const child = new QTreeWidgetItem(item, {ToQString(inner.name)});
     ShowFolder(inner, child);
@@ -130,14 +132,14 @@ void CFileBrowser::ListFiles() {
       const bool sound = file.problem.empty();
       auto* const row =
           new QTreeWidgetItem(list_, {ToQString(file.name), ToQString(ModifiedText(file)),
-                                      sound ? OneLine(file.notes) : OneLine(file.problem)});
+                                      OneLine(sound ? file.notes : WordsOf(file.problem))});
       row->setIcon(
           kName, style()->standardIcon(sound ? QStyle::SP_FileIcon : QStyle::SP_MessageBoxWarning));
       row->setToolTip(kName, PlainToolTip(file.name));
-      row->setToolTip(kNotes, PlainToolTip(sound ? file.notes : file.problem));
+      row->setToolTip(kNotes, PlainToolTip(sound ? file.notes : WordsOf(file.problem)));
     }
   }
-  QString text = ToQString(files_.problem);
+  QString text = TranslatedMessage(files_.problem);
   if (files_.problem.empty() && files_.files.empty()) {
     text = tr("This folder has no %1 files.").arg(ToQString(extension_));
   }

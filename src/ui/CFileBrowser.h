@@ -1,6 +1,6 @@
 // The storage as a person walks through it: the tree of folders, and the files of the selected one
-// with their notes. Shows what is on the disk when it is told to; changes nothing but for new
-// folders. User-interface thread.
+// with their notes. Shows what is on the disk when it is told to; changes nothing there.
+// User-interface thread.
 #pragma once
 
 #include <QLabel>

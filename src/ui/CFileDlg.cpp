@@ -60,10 +60,10 @@ void CFileDlg::Check() {
     const StorageFileEntry* const file = browser_->SelectedFile();
     file_ = file == nullptr ? std::filesystem::path() : file->path;
   } else {
-    std::string problem;
+    Message problem;
     file_ = StorageFile(browser_->Folder(), name_->text().toStdString(), extension_, problem)
                 .value_or(std::filesystem::path());
-    problem_->setText(ToQString(problem));
+    problem_->setText(TranslatedMessage(problem));
   }
   ok_->setEnabled(!file_.empty());
 }

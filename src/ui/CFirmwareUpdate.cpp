@@ -1,6 +1,7 @@
 #include "ui/CFirmwareUpdate.h"
 
 #include <QDir>
+#include <QEvent>
 #include <system_error>
 #include <utility>
 
@@ -23,9 +24,45 @@ namespace {
 // By ECU: what it held before its firmware was replaced.
 constexpr std::string_view kBackupSection = "FirmwareBackups";
 
-std::string KeyOf(const EcuIdentity& ecu) {
-  return ecu.serial ? FormatSerialNumber(*ecu.serial) : "ECU";
+// What an ECU without a serial number is kept under.
+constexpr std::string_view kNoSerial = "ECU";
+
+// A value is "<routing map>|<file>".
+struct KeptBackup {
+  std::size_t routing_map = 0;
+  std::filesystem::path file;
+};
+
+std::string TextOf(const KeptBackup& backup) {
+  return std::to_string(backup.routing_map) + "|" + PathText(backup.file);
 }
+
+KeptBackup BackupOf(std::string_view text) {
+  if (text.starts_with("0|")) return {0, PathFromText(text.substr(2))};
+  if (text.starts_with("1|")) return {1, PathFromText(text.substr(2))};
+  return {0, PathFromText(text)};
+}
+
+bool FileExists(const std::filesystem::path& file) {
+  std::error_code error;
+  return std::filesystem::exists(file, error);
+}
+
+// Sees whether a window is told to close: a No in a box that closes with it is nobody's answer.
+class CloseWatch final : public QObject {
+ public:
+  explicit CloseWatch(QObject* window) {
+    if (window != nullptr) window->installEventFilter(this);
+  }
+  [[nodiscard]] bool Closed() const { return closed_; }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    closed_ = closed_ || event->type() == QEvent::Close;
+    return false;
+  }
+
+ private:
+  bool closed_ = false;
+};
 
 }  // namespace
 
@@ -42,23 +79,19 @@ FirmwareUpdate::End CFirmwareUpdate::Start(bool in_bootloader) {
     boxes_.Inform(found.message, MessageIcon::kError);
     return in_bootloader ? End::kNotRunning : End::kUntouched;
   }
-  boxes_.Status("Firmware update");
+  boxes_.Status(FixedText::Of("Firmware update"));
   updated_ = false;
-  stored_.clear();
   asked_.clear();
-  CBootDlg dialog(
-      document_, boxes_,
-      {[this] { return FindImages(); },
-       QDir::toNativeSeparators(ToQString(PathText(ImageFolder())))},
-      [this](const EcuIdentity& target) { return Store(target); }, ecu, window_);
+  CBootDlg dialog(document_, boxes_,
+                  {[this] { return FindImages(); },
+                   QDir::toNativeSeparators(ToQString(PathText(ImageFolder())))},
+                  {[this](const EcuIdentity& target) { return Store(target); },
+                   [this](bool erased) { Settle(erased); }},
+                  ecu, window_);
   dialog.exec();
   // The end of the session closes the dialog, and not what it does.
   dialog.WaitForEnd();
   updated_ = dialog.Programmed();
-  // What is still in the ECU is nothing to be loaded into it.
-  if (!dialog.FlashChanged()) {
-    for (const std::string& key : stored_) store_.WriteString(kBackupSection, key, "");
-  }
   return dialog.End();
 }
 
@@ -76,49 +109,111 @@ std::vector<FirmwareImage> CFirmwareUpdate::FindImages() const {
   return images;
 }
 
-std::optional<std::string> CFirmwareUpdate::Store(const EcuIdentity& ecu) {
-  std::string problem;
-  const auto file =
-      BackUpConfiguration(document_, BackupFolder(working_folder_),
-                          "What the ECU held before its firmware was updated", problem);
+std::string CFirmwareUpdate::KeyOf(const EcuIdentity& ecu) const {
+  std::string key = ecu.serial ? FormatSerialNumber(*ecu.serial) : std::string(kNoSerial);
+  // It may have the number of a car's.
+  if (document_.Link().PortName() == kSimulatedPortName) key.insert(0, "Simulated");
+  return key;
+}
+
+std::string CFirmwareUpdate::Kept(const std::string& key) const {
+  return store_.ReadString(kBackupSection, key, "");
+}
+
+void CFirmwareUpdate::Keep(const std::string& key, std::string_view value) {
+  // Where the settings cannot be kept nothing is offered; the file is there all the same.
+  static_cast<void>(store_.WriteString(kBackupSection, key, value));
+}
+
+bool CFirmwareUpdate::Store(const EcuIdentity& ecu) {
+  // While the ECU is being read the person may choose another.
+  const std::size_t map = document_.RoutingMap();
+  Message problem;
+  const auto file = BackUpConfiguration(
+      document_, BackupFolder(working_folder_), map,
+      boxes_.WordsOf(FixedText::Of("What the ECU held before its firmware was updated")), problem);
   if (!file) {
     boxes_.Status(problem);
-    return std::nullopt;
+    return false;
   }
-  // One that was never offered is what the fitter has set, not what a new firmware came with.
   const std::string key = KeyOf(ecu);
-  if (store_.ReadString(kBackupSection, key, "").empty()) {
-    store_.WriteString(kBackupSection, key, PathText(*file));
-    stored_.push_back(key);
+  const std::string before = Kept(key);
+  // One that was never offered is what the fitter has set, not what a new firmware came with.
+  // Without a serial number it may be another ECU's.
+  if (before.empty() || !ecu.serial || !FileExists(BackupOf(before).file)) {
+    unsettled_ = {key, before, !ecu.serial};
+    Keep(key, TextOf({map, *file}));
   }
-  return PathText(*file);
+  return true;
+}
+
+void CFirmwareUpdate::Settle(bool erased) {
+  const std::optional<Unsettled> stored = std::exchange(unsettled_, std::nullopt);
+  if (!stored) return;
+  if (!erased) {
+    // What is still in the ECU is nothing to be loaded into it.
+    Keep(stored->key, stored->before);
+  } else if (stored->nameless) {
+    nameless_ = stored->key;
+  }
 }
 
 void CFirmwareUpdate::FollowConnection(CEcuControl& control) {
-  if (std::exchange(updated_, false)) boxes_.Status("The firmware has been updated.");
+  // What has read it may have ended.
+  if (control.CurrentState() != CEcuControl::State::kConnected) return;
   const std::string key = KeyOf(control.Identity());
-  const std::string file = store_.ReadString(kBackupSection, key, "");
+  if (std::exchange(updated_, false)) {
+    boxes_.Status(FixedText::Of("The firmware has been updated."));
+    // A new firmware has given the ECU its serial number.
+    const std::string nameless = std::exchange(nameless_, "");
+    if (!nameless.empty() && Kept(key).empty()) {
+      Keep(key, Kept(nameless));
+      Keep(nameless, "");
+    }
+  }
+  const std::string backup = Kept(key);
   // After a load that failed the next connection of another run asks again.
-  if (file.empty() || file == asked_) return;
-  asked_ = file;
-  control.Run([this, key, file = PathFromText(file)] {
-    if (Offer(file)) store_.WriteString(kBackupSection, key, "");
+  if (backup.empty() || backup == asked_) return;
+  control.RunOnThisEcu([this, key, backup] {
+    // The image may have been read twice before.
+    if (backup == asked_) return;
+    asked_ = backup;
+    if (Offer(backup)) Keep(key, "");
   });
 }
 
-bool CFirmwareUpdate::Offer(const std::filesystem::path& file) {
-  std::error_code error;
-  if (!std::filesystem::exists(file, error)) return true;
-  const std::string question = "What the ECU held before its firmware was updated is stored in\n" +
-                               PathText(file) + "\nDo you want to load it into the ECU?";
-  if (!boxes_.Ask(question)) return true;
+bool CFirmwareUpdate::Offer(std::string_view backup) {
+  const auto [map, file] = BackupOf(backup);
+  if (!FileExists(file)) return true;
+  const Message question(
+      FixedText::Of("What the ECU held before its firmware was updated is stored "
+                    "in\n%1\nDo you want to load it into the ECU?"),
+      PathText(file));
+  const CloseWatch window(window_);
+  if (!boxes_.Ask(question)) return !window.Closed();
   using Outcome = LoadResult::Outcome;
-  CProgressDlg progress(QObject::tr("Loading the configuration..."), /*can_cancel=*/false, window_);
-  const LoadResult result = LoadProcedure(document_, boxes_, [&](TransferStage, std::size_t words) {
-                              static_cast<void>(progress.Step(words, kBlockWords));
-                            }).Run({.file = file, .backup_folder = BackupFolder(working_folder_)});
+  CProgressDlg progress(TranslatedMessage(FixedText::Of("Loading the configuration...")),
+                        /*can_cancel=*/false, window_);
+  const auto show = [&progress](TransferStage stage, std::size_t words) {
+    if (stage == TransferStage::kDone) {
+      progress.hide();
+    } else {
+      static_cast<void>(progress.Step(words, kBlockWords));
+    }
+  };
+  const LoadResult result =
+      LoadProcedure(document_, boxes_, show)
+          .Run({.file = file, .backup_folder = BackupFolder(working_folder_), .routing_map = map});
   if (result.words_written > 0) document_.RequestRefresh();
-  return result.outcome == Outcome::kLoaded || result.outcome == Outcome::kDeclined;
+  switch (result.outcome) {
+    case Outcome::kLoaded:
+    case Outcome::kDifferent:
+      return true;
+    case Outcome::kDeclined:
+      return !window.Closed();
+    default:
+      return false;
+  }
 }
 
 }  // namespace zelorgas

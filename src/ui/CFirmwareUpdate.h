@@ -42,19 +42,35 @@ class CFirmwareUpdate final : public FirmwareUpdate {
  private:
   // The images that may go into the ECU on the open port.
   [[nodiscard]] std::vector<FirmwareImage> FindImages() const;
-  // Gives the file's name; nothing when the configuration could not be stored.
-  [[nodiscard]] std::optional<std::string> Store(const EcuIdentity& ecu);
-  // True when that is settled: the configuration was loaded, or is not wanted.
-  bool Offer(const std::filesystem::path& file);
+  // Where the store keeps the backup of `ecu`, which is on the open port; what is kept there, empty
+  // when nothing is; and keeps it.
+  [[nodiscard]] std::string KeyOf(const EcuIdentity& ecu) const;
+  [[nodiscard]] std::string Kept(const std::string& key) const;
+  void Keep(const std::string& key, std::string_view value);
+  // False when the configuration could not be stored.
+  [[nodiscard]] bool Store(const EcuIdentity& ecu);
+  // An update has ended: what it has kept is to be offered if it has begun to erase.
+  void Settle(bool erased);
+  // Offers what Kept gave. True when that is settled: the configuration was loaded, or is not
+  // wanted.
+  bool Offer(std::string_view backup);
+
+  // What an update that has not ended has kept.
+  struct Unsettled {
+    std::string key;
+    std::string before;
+    bool nameless = false;  // of an ECU without a serial number
+  };
 
   ClpgecuDoc& document_;
   MessageBoxes& boxes_;
   SettingsStore& store_;
   const std::filesystem::path working_folder_;
   QPointer<QWidget> window_;
-  bool updated_ = false;             // and not connected since
-  std::vector<std::string> stored_;  // during an update, the ECUs whose backups are new
-  std::string asked_;                // the file that was offered last
+  bool updated_ = false;  // and not connected since
+  std::optional<Unsettled> unsettled_;
+  std::string nameless_;  // the key of an erased ECU without a serial number
+  std::string asked_;     // what was offered last
 };
 
 }  // namespace zelorgas

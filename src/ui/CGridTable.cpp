@@ -24,7 +24,7 @@ CGridTable::CGridTable(GridModel& model, QWidget* parent)
     : CCellTable("grid_table", tr("Correction grid"), {kSize, kSize, "0.00 ", "0123456789.,"},
                  parent),
       model_(model) {
-  SetCorner(ToQString(kGridCornerText));
+  SetCorner(TranslatedMessage(kGridCornerText));
   ShowGrid();
 }
 

@@ -219,7 +219,7 @@ void CMainFrame::OpenRecentFile(const std::string& file) {
 bool CMainFrame::OpenDocument(const std::string& file) {
   const QFileInfo info(ToQString(file));
   if (!info.isFile() || !info.isReadable()) {
-    context_.boxes.Inform(tr("%1 was not found.").arg(info.filePath()).toStdString(),
+    context_.boxes.Inform(ToMessage(tr("%1 was not found.").arg(info.filePath())),
                           MessageIcon::kExclamation);
     return false;
   }

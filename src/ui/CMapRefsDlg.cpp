@@ -5,6 +5,8 @@
 #include <QGroupBox>
 #include <QVBoxLayout>
 
+#include "config/ConfigurationBlock.h"
+
 namespace zelorgas {
 
 CMapRefsDlg::CMapRefsDlg(const GridAxes& axes, MessageBoxes& boxes, QWidget* parent)
@@ -15,8 +17,15 @@ CMapRefsDlg::CMapRefsDlg(const GridAxes& axes, MessageBoxes& boxes, QWidget* par
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setAttribute(Qt::WA_DeleteOnClose);
   auto* const columns = new QHBoxLayout;
-  AddColumn(columns, tr("REVS. columns (1/min)"), "centre_speed", axes.speeds_rpm, speeds_);
-  AddColumn(columns, tr("Tinj[Petrol] rows (ms)"), "centre_time", axes.times_ms, times_);
+  using namespace block_layout;
+  AddColumn(columns,
+            {tr("REVS. columns (1/min)"), "centre_speed", "RPM", RegisterOfWord(kGridSpeeds),
+             axes.speeds_rpm},
+            speeds_);
+  AddColumn(columns,
+            {tr("Tinj[Petrol] rows (ms)"), "centre_time", "Ton", RegisterOfWord(kGridTimes),
+             axes.times_ms},
+            times_);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   buttons->setObjectName("map_refs_buttons");
   connect(buttons, &QDialogButtonBox::accepted, this, &CMapRefsDlg::accept);
@@ -28,15 +37,16 @@ CMapRefsDlg::CMapRefsDlg(const GridAxes& axes, MessageBoxes& boxes, QWidget* par
   speeds_.front()->selectAll();
 }
 
-void CMapRefsDlg::AddColumn(QBoxLayout* columns, const QString& title, const QString& object_name,
-                            const AxisCentres& centres, Fields& fields) {
-  auto* const group = new QGroupBox(title, this);
+void CMapRefsDlg::AddColumn(QBoxLayout* columns, const Axis& axis, Fields& fields) {
+  auto* const group = new QGroupBox(axis.title, this);
   auto* const form = new QFormLayout(group);
   for (std::size_t i = 0; i < kGridSize; ++i) {
     const QString number = QString::number(i + 1);
-    auto* const field = new QLineEdit(QString::number(centres[i]), group);
-    field->setObjectName(object_name + number);
-    field->setAccessibleName(title + ", " + number);
+    auto* const field = new QLineEdit(QString::number(axis.centres[i]), group);
+    field->setObjectName(axis.object_name + number);
+    field->setAccessibleName(axis.title + ", " + number);
+    field->setToolTip(
+        tr("%1[%2], register %3").arg(axis.parameter).arg(i).arg(axis.first_register + i));
     field->setAlignment(Qt::AlignRight);
     form->addRow(number + '.', field);
     fields.at(i) = field;
@@ -53,7 +63,7 @@ CMapRefsDlg::Texts CMapRefsDlg::TextsOf(const Fields& fields) {
 }
 
 void CMapRefsDlg::accept() {
-  std::string message;
+  Message message;
   const Texts speeds = TextsOf(speeds_);
   const Texts times = TextsOf(times_);
   if (const auto centres = ParseCentres(speeds, times, message)) {

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <array>
+#include <cstdint>
 #include <string>
 
 #include "app/MessageBoxes.h"
@@ -29,8 +30,15 @@ class CMapRefsDlg final : public QDialog {
   using Fields = std::array<QLineEdit*, kGridSize>;
   using Texts = std::array<std::string, kGridSize>;
 
-  void AddColumn(QBoxLayout* columns, const QString& title, const QString& object_name,
-                 const AxisCentres& centres, Fields& fields);
+  struct Axis {
+    QString title;
+    QString object_name;
+    QString parameter;
+    std::uint16_t first_register;
+    const AxisCentres& centres;
+  };
+
+  void AddColumn(QBoxLayout* columns, const Axis& axis, Fields& fields);
   [[nodiscard]] static Texts TextsOf(const Fields& fields);
 
   MessageBoxes& boxes_;

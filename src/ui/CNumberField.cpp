@@ -19,7 +19,7 @@ CNumberField::CNumberField(int decimals, QWidget* parent) : QLineEdit(parent), d
 }
 
 void CNumberField::Show(std::uint16_t value) {
-  if (hasFocus() && isModified()) return;
+  if (isModified()) return;
   ShowInstead(QString::number(value / std::pow(10, decimals_), 'f', decimals_));
 }
 
@@ -59,7 +59,6 @@ void CNumberField::Commit() {
   if (!isModified()) return;
   setModified(false);
   const QString typed = text();
-  if (typed == shown_) return;
   if (const auto value = Typed()) {
     emit Entered(*value);
   } else {
@@ -88,12 +87,14 @@ void CNumberField::focusOutEvent(QFocusEvent* event) {
       reason == Qt::MenuBarFocusReason) {
     return;
   }
-  if (isEnabled()) {
-    Commit();
-  } else {
-    // The link has gone; the field has no ECU to write to.
-    Restore();
-  }
+  if (isEnabled()) Commit();
+}
+
+void CNumberField::changeEvent(QEvent* event) {
+  QLineEdit::changeEvent(event);
+  // The link has gone, and what was typed for this ECU with it, whether the window is active or
+  // not.
+  if (event->type() == QEvent::EnabledChange && !isEnabled()) Restore();
 }
 
 }  // namespace zelorgas

@@ -24,7 +24,8 @@ class CNumberField final : public QLineEdit {
   void Warn(bool warn);
 
  signals:
-  // The person has entered another number than the one shown.
+  // The person has entered this, the number on show perhaps: an earlier entry may still be on its
+  // way.
   void Entered(std::uint16_t value);
   // The person has entered what is no number of the range; the old one is back.
   void Refused(const QString& text);
@@ -32,6 +33,7 @@ class CNumberField final : public QLineEdit {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   [[nodiscard]] std::optional<std::uint16_t> Typed() const;

@@ -31,7 +31,7 @@ class CNumberRow final : public CParameterRow {
  public:
   CNumberRow(const Parameter& parameter, const ParameterAccess& access, QWidget* parent)
       : CParameterRow(parameter, access, parent), field_(new CNumberField(0)) {
-    const QString range = tr("0 to 65535");
+    const QString range = CParameterRow::tr("0 to 65535");
     SetParameterEditor(field_, range);
     connect(field_, &CNumberField::Entered, this, &CNumberRow::Write);
     connect(field_, &CNumberField::Refused, this,
@@ -50,7 +50,7 @@ class CNozzleRow final : public CParameterRow {
  public:
   CNozzleRow(const Parameter& parameter, const ParameterAccess& access, QWidget* parent)
       : CParameterRow(parameter, access, parent), field_(new CNumberField(1)) {
-    const QString range = tr("0.0 to 6553.5 mm");
+    const QString range = CParameterRow::tr("0.0 to 6553.5 mm");
     SetParameterEditor(field_, range);
     connect(field_, &CNumberField::Entered, this, &CNozzleRow::Write);
     connect(field_, &CNumberField::Refused, this,
@@ -79,7 +79,7 @@ class CChoiceRow final : public CParameterRow {
         choices_(*ListOf(parameter)),
         list_(new CChoiceList) {
     for (const std::string_view name : EntryNames(choices_)) {
-      list_->addItem(TranslatedMessage(name));
+      list_->addItem(TranslatedName(name));
     }
     SetParameterEditor(list_, {});
     connect(list_, &CChoiceList::activated, this, [this](int index) {
@@ -90,10 +90,11 @@ class CChoiceRow final : public CParameterRow {
   void ShowValue() override {
     const int shown = Model().Shown(choices_);
     const int applied = Model().Applied(choices_);
-    list_->ShowEntry(shown, tr("Unknown: %1").arg(Value()));
-    SetNote(shown == applied ? QString()
-                             : tr("The ECU has not taken all of it. Applied before: %1")
-                                   .arg(applied < 0 ? tr("unknown") : list_->itemText(applied)));
+    list_->ShowEntry(shown, CParameterRow::tr("Unknown: %1").arg(Value()));
+    SetNote(shown == applied
+                ? QString()
+                : CParameterRow::tr("The ECU has not taken all of it. Applied before: %1")
+                      .arg(applied < 0 ? CParameterRow::tr("unknown") : list_->itemText(applied)));
   }
 
  private:
@@ -148,13 +149,12 @@ void CParameterRow::Write(std::uint16_t value) {
 }
 
 void CParameterRow::RunLater(CEcuControl::Task task) {
-  QMetaObject::invokeMethod(
-      this, [this, task = std::move(task)] { access_.control.Run(task); }, Qt::QueuedConnection);
+  access_.control.RunLaterOnThisEcu(this, std::move(task));
 }
 
 void CParameterRow::Refuse(const QString& typed, const QString& range) {
   const QString name = ToQString(parameter_.name);
-  access_.boxes.Status(tr("%1 cannot be \"%2\": %3.").arg(name, typed, range).toStdString());
+  access_.boxes.Status(ToMessage(tr("%1 cannot be \"%2\": %3.").arg(name, typed, range)));
 }
 
 }  // namespace zelorgas

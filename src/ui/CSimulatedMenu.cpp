@@ -46,11 +46,10 @@ void CSimulatedMenu::WriteDemoImage() {
   std::string problem;
   const auto file = SimulatedBench::WriteDemoImage(context_.firmware.ImageFolder(), problem);
   context_.boxes.Inform(
-      (file ? tr("The image was written to\n%1\nThe firmware update offers it for the simulated "
-                 "ECU only.")
-                  .arg(ToQString(PathText(*file)))
-            : tr("The image could not be written: %1").arg(ToQString(problem)))
-          .toStdString(),
+      ToMessage(file ? tr("The image was written to\n%1\nThe firmware update offers it for the "
+                          "simulated ECU only.")
+                           .arg(ToQString(PathText(*file)))
+                     : tr("The image could not be written: %1").arg(ToQString(problem))),
       file ? MessageIcon::kInformation : MessageIcon::kExclamation);
 }
 

@@ -107,10 +107,10 @@ bool CStoreDlg::InOwnFolder() const {
   return !own_folder_.empty() && gas_type_->currentIndex() == gas_type_->count() - 1;
 }
 
-std::filesystem::path CStoreDlg::Folder(std::string& problem) const {
+std::filesystem::path CStoreDlg::Folder(Message& problem) const {
   if (InOwnFolder()) return own_folder_;
   const std::string brand = brand_->currentText().toStdString();
-  problem = brand.empty() ? std::string() : NameProblem(brand);
+  problem = brand.empty() ? Message() : NameProblem(brand);
   if (!problem.empty()) return {};
   return StorageFolder(working_folder_, static_cast<unsigned>(gas_type_->currentIndex()), brand);
 }
@@ -139,7 +139,7 @@ void CStoreDlg::Check() {
   }
   brand_->setEnabled(WantsFile() && !InOwnFolder());
   file_.clear();
-  std::string problem;
+  Message problem;
   StoreTarget target = StoreTarget::kNone;
   if (WantsFile()) {
     const std::filesystem::path folder = Folder(problem);
@@ -157,7 +157,7 @@ void CStoreDlg::Check() {
   name_label_->setText(TranslatedMessage(texts.name_label));
   notes_label_->setText(TranslatedMessage(texts.notes_label));
   notes_->setPlaceholderText(TranslatedMessage(texts.notes_hint));
-  place_->setText(ToQString(problem.empty() ? PathText(file_) : problem));
+  place_->setText(problem.empty() ? ToQString(PathText(file_)) : TranslatedMessage(problem));
   ok_->setText(WantsFile() ? tr("&Store") : tr("&OK"));
   ok_->setEnabled(!WantsFile() || !file_.empty());
 }

@@ -38,7 +38,7 @@ class CStoreDlg final : public QDialog {
  private:
   void ListBrands();
   // The folder that is chosen; empty, with the reason in `problem`, when there can be no such one.
-  [[nodiscard]] std::filesystem::path Folder(std::string& problem) const;
+  [[nodiscard]] std::filesystem::path Folder(Message& problem) const;
   [[nodiscard]] bool InOwnFolder() const;
   // What is typed, and what it means.
   void Check();

@@ -45,14 +45,11 @@ CEntryField* CTPSIdle::MakeField(std::size_t setting) {
   field->setAccessibleName(Capitalised(meaning));
   field->setToolTip(tr("%1: %2\nRegister %3").arg(ToQString(idle.name), meaning).arg(idle.reg));
   field->setFixedWidth(fontMetrics().horizontalAdvance("000000000"));
-  connect(
-      field, &CEntryField::Entered, this,
-      [this, setting](const QString& text) {
-        access_.Run([setting, typed = text.toStdString()](TpsModel& model) {
-          model.EditIdle(setting, typed);
-        });
-      },
-      Qt::QueuedConnection);
+  connect(field, &CEntryField::Entered, this, [this, setting](const QString& text) {
+    access_.Run(this, [setting, typed = text.toStdString()](TpsModel& model) {
+      model.EditIdle(setting, typed);
+    });
+  });
   return field;
 }
 

@@ -44,7 +44,7 @@ QLineEdit* CTPSgen::MakeField(std::string_view parameter) {
   field->setToolTip(tr("%1: %2\nRegister %3").arg(name, meaning).arg(described.Register()));
   field->setAlignment(Qt::AlignRight);
   field->setMinimumWidth(fontMetrics().horizontalAdvance("000000000"));
-  connect(field, &QLineEdit::returnPressed, this, &CTPSgen::Write, Qt::QueuedConnection);
+  connect(field, &QLineEdit::returnPressed, this, &CTPSgen::Write);
   auto* const escape = new QShortcut(Qt::Key_Escape, field);
   escape->setContext(Qt::WidgetShortcut);
   connect(escape, &QShortcut::activated, this, [this, field] {
@@ -58,12 +58,13 @@ QLineEdit* CTPSgen::MakeField(std::string_view parameter) {
 void CTPSgen::Write() {
   const std::string closed = closed_->text().toStdString();
   const std::string full = full_->text().toStdString();
-  // What is typed stays until both are there; then the fields show what the ECU has, whatever comes
-  // of it.
-  const bool incomplete = closed.empty() || full.empty();
-  closed_->setModified(incomplete);
-  full_->setModified(incomplete);
-  access_.Run([closed, full](TpsModel& model) { model.WriteEndPoints(closed, full); });
+  // What is typed stays until both can be written; then the fields show what the ECU has, whatever
+  // comes of it.
+  if (TpsModel::IsEndPoint(closed) && TpsModel::IsEndPoint(full)) {
+    closed_->setModified(false);
+    full_->setModified(false);
+  }
+  access_.Run(this, [closed, full](TpsModel& model) { model.WriteEndPoints(closed, full); });
 }
 
 void CTPSgen::changeEvent(QEvent* event) {

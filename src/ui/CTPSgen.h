@@ -21,7 +21,6 @@ class CTPSgen final : public CCard {
   // the end of the link, bring the ECU's reading back.
   void ShowValues();
   void ShowLive(const EcuImage& image);
-  void SetBusy(bool busy) { write_->setEnabled(!busy); }
 
  protected:
   void changeEvent(QEvent* event) override;

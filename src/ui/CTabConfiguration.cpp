@@ -194,9 +194,11 @@ void CTabConfiguration::ShowLive() {
 }
 
 void CTabConfiguration::ShowSections() {
-  const std::string text = search_->text().toStdString();
   const bool searching = !search_->text().trimmed().isEmpty();
-  const std::vector<const Parameter*> found = SearchParameters(text);
+  const std::vector<const Parameter*> found =
+      SearchParameters(search_->text().toLower().toStdString(), [](const Parameter& parameter) {
+        return TranslatedMessage(parameter.meaning).toLower().toStdString();
+      });
   const auto is_found = [&found](const Item& item) {
     return std::ranges::find(found, item.parameter) != found.end();
   };
@@ -217,7 +219,7 @@ void CTabConfiguration::ShowMissingParts() {
   const auto missing = models_.Configuration().MissingParts(models_.Vehicle());
   QString text =
       missing.empty() ? tr("The configuration is complete.") : tr("The configuration lacks:");
-  for (const std::string_view part : missing) text += "\n\u2022 " + TranslatedMessage(part);
+  for (const FixedText part : missing) text += "\n\u2022 " + TranslatedMessage(part);
   completeness_->setText(text);
   completeness_->setAccessibleName(text);
 }

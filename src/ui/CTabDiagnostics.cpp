@@ -256,11 +256,12 @@ bool CTabDiagnostics::Export(const QString& file) {
     done = plot_->SavePicture(file);
   }
   const QString text = done ? tr("%1 has been written.") : tr("%1 could not be written.");
-  const std::string said = text.arg(file).toStdString();
+  Message said = ToMessage(text.arg(file));
+  if (!reason.empty()) said.Append("\n", Message::Verbatim(reason));
   if (done) {
     context_.boxes.Status(said);
   } else {
-    context_.boxes.Inform(reason.empty() ? said : said + "\n" + reason, MessageIcon::kError);
+    context_.boxes.Inform(said, MessageIcon::kError);
   }
   return done;
 }

@@ -55,7 +55,7 @@ QAction* CTabErrors::AddCommand(const QString& object_name, const QString& text,
 void CTabErrors::ShowImage() { sheet_->ShowErrors(); }
 
 void CTabErrors::Refresh() {
-  context_.control.Run([this] {
+  context_.control.RunOnThisEcu([this] {
     // What is read again is not to be taken for what the ECU has.
     models_.Errors().Forget();
     sheet_->ShowErrors();
@@ -65,12 +65,14 @@ void CTabErrors::Refresh() {
 
 void CTabErrors::DeleteOne() {
   ErrorPage& page = sheet_->CurrentModel();
-  context_.control.Run([this, &page] { static_cast<void>(page.DeleteSelected(context_.boxes)); });
+  context_.control.RunOnThisEcu(
+      [this, &page] { static_cast<void>(page.DeleteSelected(context_.boxes)); });
 }
 
 void CTabErrors::DeleteAll() {
   ErrorPage& page = sheet_->CurrentModel();
-  context_.control.Run([this, &page] { static_cast<void>(page.DeleteAll(context_.boxes)); });
+  context_.control.RunOnThisEcu(
+      [this, &page] { static_cast<void>(page.DeleteAll(context_.boxes)); });
 }
 
 }  // namespace zelorgas

@@ -147,15 +147,21 @@ void CTabFiles::ShowFile(const std::filesystem::path& file) {
 
 void CTabFiles::Store() {
   CStoreDlg dialog(context_.settings, working_folder_, this);
-  const StorageFileEntry* const own = browser_->SelectedFile();
-  if (own != nullptr) dialog.StartWith(own->path, NotesWithoutVehicle(own->notes));
+  // The list may be read anew while the dialog is open.
+  StorageFileEntry own;
+  if (const StorageFileEntry* const selected = browser_->SelectedFile()) {
+    own = *selected;
+    dialog.StartWith(own.path, NotesWithoutVehicle(own.notes));
+  }
   if (dialog.exec() != QDialog::Accepted) return;
   if (!dialog.WantsFile()) {
     context_.boxes.Status(TextsOfStoreDialog(StoreTarget::kNone).heading);
     return;
   }
+  VehicleData vehicle = models_.Vehicle();
+  if (vehicle == VehicleData{} && dialog.File() == own.path) vehicle = VehicleOfNotes(own.notes);
   const StoreRequest request{.file = dialog.File(),
-                             .notes = NotesWithVehicle(dialog.Notes(), models_.Vehicle())};
+                             .notes = NotesWithVehicle(dialog.Notes(), vehicle)};
   if (StoreConfiguration(context_.document, context_.boxes, request) != StoreOutcome::kStored) {
     browser_->Refresh();
     return;
@@ -169,38 +175,48 @@ void CTabFiles::Load() {
     context_.boxes.Inform(kSelectFileFirst, MessageIcon::kExclamation);
     return;
   }
-  context_.control.Run([this] { LoadNow(); });
+  context_.control.RunOnThisEcu([this, file = file_] { LoadNow(file); });
 }
 
-void CTabFiles::LoadNow() {
-  CProgressDlg dialog(tr("Loading %1").arg(NameOf(file_)), /*can_cancel=*/false, this);
+void CTabFiles::LoadNow(const std::filesystem::path& file) {
+  CProgressDlg dialog(tr("Loading %1").arg(NameOf(file)), /*can_cancel=*/false, this);
   const auto progress = [&dialog](TransferStage stage, std::size_t words) {
+    if (stage == TransferStage::kDone) {
+      dialog.hide();
+      return;
+    }
     dialog.Step(static_cast<std::size_t>(stage) * kBlockWords + words, kStages * kBlockWords);
   };
-  const LoadRequest request{.file = file_, .backup_folder = BackupFolder(working_folder_)};
+  const LoadRequest request{.file = file, .backup_folder = BackupFolder(working_folder_)};
   const LoadResult result = LoadProcedure(context_.document, context_.boxes, progress).Run(request);
-  dialog.hide();
   using Outcome = LoadResult::Outcome;
   if (result.outcome == Outcome::kDifferent) {
-    ShowDifferences(NameOf(file_), tr("the ECU"), result.differences);
+    ShowDifferences(NameOf(file), tr("the ECU"), result.differences);
   }
   // Every page shows what the ECU has now from the image that is read now.
-  if (result.words_written > 0) context_.document.RequestRefresh();
+  if (result.words_written > 0) {
+    context_.document.RequestRefresh();
+    emit context_.control.ConfigurationLoaded();
+  }
   if (result.outcome != Outcome::kLoaded) return;
   const VehicleData vehicle = VehicleOfNotes(result.file.notes);
   if (vehicle != VehicleData{}) models_.Vehicle() = vehicle;
-  emit FileUsed(ToQString(PathText(file_)));
+  emit FileUsed(ToQString(PathText(file)));
 }
 
 bool CTabFiles::Read(const std::filesystem::path& file, LoadedConfiguration& loaded) {
   loaded = ReadConfigurationFile(file, context_.document.Snapshot().block,
                                  context_.document.RoutingMap());
-  const std::string name = PathText(file.filename()) + ": ";
+  Message text = Message::Verbatim(PathText(file.filename()));
   if (!loaded.Usable()) {
-    context_.boxes.Inform(name + Shortened(loaded.faults.front()), MessageIcon::kError);
+    text.Append(": ", loaded.faults.front());
+    context_.boxes.Inform(text, MessageIcon::kError);
     return false;
   }
-  if (!loaded.damage.empty()) context_.boxes.Status(name + loaded.damage);
+  if (!loaded.damage.empty()) {
+    text.Append(": ", loaded.damage);
+    context_.boxes.Status(text);
+  }
   return true;
 }
 

@@ -47,7 +47,7 @@ class CTabFiles final : public CEcuPage {
   void FollowSelection();
   void ShowNotes(const std::string& notes);
   void ShowButtons();
-  void LoadNow();
+  void LoadNow(const std::filesystem::path& file);
   void ShowDifferences(const QString& first, const QString& second,
                        const std::vector<BlockDifference>& differences);
   // The file read over the ECU's block; false, with the person told, when it is none.

@@ -9,6 +9,7 @@
 #include "ui/CCellChangeDlg.h"
 #include "ui/CMapRefsDlg.h"
 #include "ui/CProgressDlg.h"
+#include "ui/Text.h"
 
 namespace zelorgas {
 namespace {
@@ -79,6 +80,7 @@ CTabGrid::CTabGrid(UiContext& context, PageModels& models, QWidget* parent)
       FollowBusy(false);
     }
   });
+  connect(&context_.control, &CEcuControl::StateChanged, this, [this] { unwritten_.reset(); });
 }
 
 QAction* CTabGrid::AddCommand(const QString& object_name, const QString& text,
@@ -208,10 +210,12 @@ void CTabGrid::AskAreaChange() {
 }
 
 void CTabGrid::AskCentres() {
-  auto* const dialog = new CMapRefsDlg(model_.Axes(), context_.boxes, this);
+  auto* const dialog = new CMapRefsDlg(unwritten_.value_or(model_.Axes()), context_.boxes, this);
   connect(dialog, &QDialog::accepted, this, [this, dialog] {
     Run(dialog->windowTitle(), [this, axes = dialog->Axes()](const GridWatch&) {
-      model_.WriteCentres(axes);
+      const GridModel::CentresResult written = model_.WriteCentres(axes);
+      unwritten_.reset();
+      if (!written.columns_written || !written.rows_written) unwritten_ = axes;
       return GridResult{};
     });
   });
@@ -238,17 +242,13 @@ void CTabGrid::Paste() {
 
 void CTabGrid::Run(const QString& what, Edit edit) {
   // Later: the field or the dialog that wants it has still to be closed.
-  QMetaObject::invokeMethod(
-      this,
-      [this, what, edit = std::move(edit)] {
-        context_.control.Run([this, what, edit] { Perform(what, edit); });
-      },
-      Qt::QueuedConnection);
+  context_.control.RunLaterOnThisEcu(this,
+                                     [this, what, edit = std::move(edit)] { Perform(what, edit); });
 }
 
 void CTabGrid::Perform(const QString& what, const Edit& edit) {
-  // It may have waited behind a disconnection.
-  if (context_.control.CurrentState() != CEcuControl::State::kConnected) return;
+  // The edit counts from what the ECU has now, not from what it had before the wait.
+  models_.SyncGrid();
   CProgressDlg progress(tr("%1: writing the cells").arg(what), true, window());
   std::size_t of = 0;
   const GridResult result = edit({.cell_written = [this](GridCell cell) { table_->ShowCell(cell); },
@@ -265,25 +265,20 @@ void CTabGrid::Perform(const QString& what, const Edit& edit) {
                                       }});
   ShowGrid();
   if (result.cancelled) {
-    context_.boxes.Status(tr("Cancelled: %1 of %2 cells have been written.")
-                              .arg(result.written)
-                              .arg(of)
-                              .toStdString());
+    context_.boxes.Status(
+        ToMessage(tr("Cancelled: %1 of %2 cells have been written.").arg(result.written).arg(of)));
   }
 }
 
 void CTabGrid::FollowBusy(bool busy) {
   for (QAction* const action : ecu_actions_) action->setEnabled(!busy);
+  greyed_ = busy;
   FollowSteps();
-  if (busy) {
-    undo_->setEnabled(false);
-    redo_->setEnabled(false);
-  }
 }
 
 void CTabGrid::FollowSteps() {
-  undo_->setEnabled(model_.CanUndo());
-  redo_->setEnabled(model_.CanRedo());
+  undo_->setEnabled(!greyed_ && model_.CanUndo());
+  redo_->setEnabled(!greyed_ && model_.CanRedo());
 }
 
 void CTabGrid::ShowGrid() {

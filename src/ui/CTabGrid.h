@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "maps/GridModel.h"
@@ -66,6 +67,8 @@ class CTabGrid final : public CEcuPage {
   std::vector<QAction*> ecu_actions_;
   QAction* undo_ = nullptr;
   QAction* redo_ = nullptr;
+  bool greyed_ = false;
+  std::optional<GridAxes> unwritten_;  // the centres that this ECU was to get and did not take
   // Commands are greyed only while a procedure takes its time, not for the blink of a single cell.
   QTimer patience_;
 };

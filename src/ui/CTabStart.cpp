@@ -85,7 +85,7 @@ QWidget* CTabStart::MakeLanguageCard() {
   language_list_->setObjectName("language_list");
   language_list_->setAccessibleName(tr("Language"));
   language_list_->setToolTip(tr("Language of the program"));
-  for (const std::string_view name : kLanguageNames) {
+  for (const FixedText name : kLanguageNames) {
     language_list_->addItem(TranslatedMessage(name));
   }
   language_list_->setCurrentIndex(static_cast<int>(LanguageEntry(context_.settings.Language())));
@@ -148,7 +148,8 @@ void CTabStart::UpdateFirmware() {
 
 void CTabStart::ShowPorts() {
   port_list_->clear();
-  for (const PortEntry& port : context_.ports.Entries()) port_list_->addItem(ToQString(port.text));
+  for (const PortEntry& port : context_.ports.Entries())
+    port_list_->addItem(TranslatedMessage(port.text));
   const std::optional<std::size_t> selected = context_.ports.Selected();
   const QString name = ToQString(context_.ports.SelectedName());
   port_list_->setPlaceholderText(name.isEmpty() ? tr("Choose a port")

@@ -20,7 +20,6 @@ CTabTPS::CTabTPS(UiContext& context, QWidget* parent)
   deceleration_ = new CTPSDeceleration(access, content);
   idle_ = new CTPSIdle(access, content);
   end_points_ = new CTPSgen(access, content);
-  connect(&context_.control, &CEcuControl::BusyChanged, end_points_, &CTPSgen::SetBusy);
 
   auto* const column = new QVBoxLayout(content);
   column->setContentsMargins({});

@@ -17,12 +17,11 @@ struct TpsAccess {
   TpsModel& model;
   CEcuControl& control;
 
-  // Runs `edit` on the model as a turn of the control, unless the ECU has gone meanwhile.
+  // Runs `edit` of the part `asker` on the model as a later turn of the control, unless the ECU has
+  // gone meanwhile.
   template <typename Edit>
-  void Run(Edit edit) const {
-    control.Run([access = *this, edit] {
-      if (access.control.CurrentState() == CEcuControl::State::kConnected) edit(access.model);
-    });
+  void Run(QObject* asker, Edit edit) const {
+    control.RunLaterOnThisEcu(asker, [access = *this, edit] { edit(access.model); });
   }
 };
 

@@ -151,7 +151,7 @@ void ClpgecuView::WatchAnswers() {
   const bool answering = context_.counters.Quality().answering;
   if (answering == answering_) return;
   answering_ = answering;
-  context_.boxes.Status(answering ? "" : "The ECU does not answer.");
+  context_.boxes.Status(answering ? Message() : FixedText::Of("The ECU does not answer."));
   if (answering) return;
   live_strip_->MarkStale();
   cylinder_strip_->MarkStale();

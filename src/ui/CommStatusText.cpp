@@ -9,20 +9,22 @@ constexpr QRgb kYellow = 0xFFFFFF00;
 constexpr QRgb kGreen = 0xFF00FF00;
 constexpr QRgb kRed = 0xFFFF0000;
 
-QString Tr(const char* text) { return QCoreApplication::translate("CommStatus", text); }
+struct Words {
+  Q_DECLARE_TR_FUNCTIONS(zelorgas::CommStatus)
+};
 
 }  // namespace
 
 std::optional<CommStatusText> TextOfCommStatus(CommStatus status) {
   switch (status) {
     case CommStatus::kConnecting:
-      return CommStatusText{Tr("Communication : Connecting..."), kYellow};
+      return CommStatusText{Words::tr("Communication : Connecting..."), kYellow};
     case CommStatus::kLinkUp:
-      return CommStatusText{Tr("Communication : Connection OK!"), kGreen};
+      return CommStatusText{Words::tr("Communication : Connection OK!"), kGreen};
     case CommStatus::kPortBusy:
-      return CommStatusText{Tr("BUSY!"), kRed};
+      return CommStatusText{Words::tr("BUSY!"), kRed};
     case CommStatus::kNotConnected:
-      return CommStatusText{Tr("Communication : Not connected!"), kRed};
+      return CommStatusText{Words::tr("Communication : Not connected!"), kRed};
     case CommStatus::kLiveData:
     case CommStatus::kFullRead:
     case CommStatus::kEcuRestarted:
@@ -35,11 +37,11 @@ std::optional<CommStatusText> TextOfCommStatus(CommStatus status) {
 QString WhyPagesAreDisabled(CommStatus status) {
   switch (status) {
     case CommStatus::kConnecting:
-      return Tr("The ECU does not answer yet. This page works again as soon as it does.");
+      return Words::tr("The ECU does not answer yet. This page works again as soon as it does.");
     case CommStatus::kPortBusy:
-      return Tr("The serial port is in use by another program.");
+      return Words::tr("The serial port is in use by another program.");
     case CommStatus::kNotConnected:
-      return Tr("Not connected. Connect to the ECU on the Start page.");
+      return Words::tr("Not connected. Connect to the ECU on the Start page.");
     default:
       return {};
   }

@@ -19,8 +19,9 @@ class LanguageTexts {
   LanguageTexts& operator=(const LanguageTexts&) = delete;
   ~LanguageTexts();
 
-  // Finds the library by its base name where the system looks for libraries, and takes all texts
-  // from it from now on. False, and nothing changed, when there is none or it has no texts.
+  // Finds the library by its base name, beside the program first and last where the system looks
+  // for libraries, and takes all texts from it from now on. False, and nothing changed, when there
+  // is none or it has no texts.
   bool Load(std::string_view library);
 
  private:

@@ -2,15 +2,19 @@
 
 #include <QCoreApplication>
 
+#include "ui/Text.h"
+
 namespace zelorgas {
 namespace {
 
-QString Tr(const char* text) { return QCoreApplication::translate("LiveFields", text); }
+struct Words {
+  Q_DECLARE_TR_FUNCTIONS(zelorgas::LiveFields)
+};
 
 LiveText Fixed(double value, int decimals) { return {QString::number(value, 'f', decimals)}; }
 LiveText Whole(int value) { return {QString::number(value)}; }
 LiveText Word(const QString& word) { return {word, false}; }
-LiveText NotFitted() { return Word(Tr("Not fitted")); }
+LiveText NotFitted() { return Word(Words::tr("Not fitted")); }
 
 LiveText ManifoldPressure(const EcuImage& image) {
   if (!image.ManifoldSensorFitted()) return NotFitted();
@@ -23,44 +27,53 @@ LiveText Lambda2(const EcuImage& image) {
 }
 
 LiveText FuelText(const EcuImage& image) {
-  return Word(image.FuelInUse() == Fuel::kGas ? Tr("Gas") : Tr("Petrol"));
+  return Word(image.FuelInUse() == Fuel::kGas ? Words::tr("Gas") : Words::tr("Petrol"));
 }
 
 }  // namespace
 
 std::vector<LiveField> MainLiveFields() {
   return {
-      {"live_engine_speed", Tr("Engine speed"), Tr("1/min"), Tr("Live record, bytes 6 and 7"),
+      {"live_engine_speed", Words::tr("Engine speed"), Words::tr("1/min"),
+       Words::tr("Live record, bytes 6 and 7"),
        [](const EcuImage& image) { return Whole(image.record.EngineSpeed()); }},
-      {"live_petrol_time", Tr("Petrol injection"), Tr("ms"),
-       Tr("Petrol injection time, input register 71"),
+      {"live_petrol_time", Words::tr("Petrol injection"), Words::tr("ms"),
+       Words::tr("Petrol injection time, input register 71"),
        [](const EcuImage& image) { return Fixed(image.PetrolTimeMicroseconds() / 1000.0, 2); }},
-      {"live_gas_time", Tr("Gas injection"), Tr("ms"), Tr("Gas injection time, input register 72"),
+      {"live_gas_time", Words::tr("Gas injection"), Words::tr("ms"),
+       Words::tr("Gas injection time, input register 72"),
        [](const EcuImage& image) { return Fixed(image.GasTimeMicroseconds() / 1000.0, 2); }},
-      {"live_gas_pressure", Tr("Gas pressure"), Tr("bar"), Tr("Gas pressure P1, input register 43"),
+      {"live_gas_pressure", Words::tr("Gas pressure"), Words::tr("bar"),
+       Words::tr("Gas pressure P1, input register 43"),
        [](const EcuImage& image) { return Fixed(image.gas_pressure_bar, 2); }},
-      {"live_manifold_pressure", Tr("Manifold pressure"), Tr("bar"), Tr("Live record, byte 5"),
-       ManifoldPressure},
-      {"live_throttle", Tr("Throttle"), Tr("%"), Tr("Throttle position, input register 73"),
+      {"live_manifold_pressure", Words::tr("Manifold pressure"), Words::tr("bar"),
+       Words::tr("Live record, byte 5"), ManifoldPressure},
+      {"live_throttle", Words::tr("Throttle"), Words::tr("%"),
+       Words::tr("Throttle position, input register 73"),
        [](const EcuImage& image) { return Whole(image.ThrottlePercent()); }},
       {"live_mode",
-       Tr("Mode"),
+       Words::tr("Mode"),
        {},
-       Tr("Operating mode, input register 74"),
-       [](const EcuImage& image) { return Word(Tr(ModeText(image.Mode()))); }},
-      {"live_coolant", Tr("Coolant"), Tr("°C"), Tr("Coolant temperature, live record, byte 2"),
+       Words::tr("Operating mode, input register 74"),
+       [](const EcuImage& image) { return Word(TranslatedMessage(ModeText(image.Mode()))); }},
+      {"live_coolant", Words::tr("Coolant"), Words::tr("°C"),
+       Words::tr("Coolant temperature, live record, byte 2"),
        [](const EcuImage& image) { return Whole(image.record.CoolantCelsius()); }},
-      {"live_gas_temperature", Tr("Gas temperature"), Tr("°C"), Tr("Live record, byte 4"),
+      {"live_gas_temperature", Words::tr("Gas temperature"), Words::tr("°C"),
+       Words::tr("Live record, byte 4"),
        [](const EcuImage& image) { return Whole(image.record.GasTemperatureTenths() / 10); }},
-      {"live_lambda1", Tr("Lambda 1"), Tr("V"), Tr("Lambda 1 voltage, live record, byte 0"),
+      {"live_lambda1", Words::tr("Lambda 1"), Words::tr("V"),
+       Words::tr("Lambda 1 voltage, live record, byte 0"),
        [](const EcuImage& image) { return Fixed(image.record.Lambda1Volts(), 2); }},
-      {"live_lambda2", Tr("Lambda 2"), Tr("V"), Tr("Lambda 2 voltage, live record, byte 1"),
-       Lambda2},
-      {"live_battery", Tr("Battery"), Tr("V"), Tr("Battery voltage, live record, byte 3"),
+      {"live_lambda2", Words::tr("Lambda 2"), Words::tr("V"),
+       Words::tr("Lambda 2 voltage, live record, byte 1"), Lambda2},
+      {"live_battery", Words::tr("Battery"), Words::tr("V"),
+       Words::tr("Battery voltage, live record, byte 3"),
        [](const EcuImage& image) { return Fixed(image.record.BatteryVolts(), 1); }},
-      {"live_gas_level", Tr("Gas level"), Tr("%"), Tr("Gas level, input register 76"),
+      {"live_gas_level", Words::tr("Gas level"), Words::tr("%"),
+       Words::tr("Gas level, input register 76"),
        [](const EcuImage& image) { return Whole(image.GasLevelPercent()); }},
-      {"live_fuel", Tr("Fuel"), {}, Tr("Fuel in use, input register 75"), FuelText},
+      {"live_fuel", Words::tr("Fuel"), {}, Words::tr("Fuel in use, input register 75"), FuelText},
   };
 }
 
@@ -71,9 +84,10 @@ std::vector<LiveField> CylinderLiveFields() {
       const int number = static_cast<int>(i) + 1;
       const int reg = kExtraChannelsRegister + static_cast<int>(gas ? kCylinders + i : i);
       fields.push_back({QString(gas ? "live_gas_cylinder%1" : "live_petrol_cylinder%1").arg(number),
-                        (gas ? Tr("Gas %1") : Tr("Petrol %1")).arg(number), Tr("ms"),
-                        (gas ? Tr("Gas injection time of cylinder %1, input register %2")
-                             : Tr("Petrol injection time of cylinder %1, input register %2"))
+                        (gas ? Words::tr("Gas %1") : Words::tr("Petrol %1")).arg(number),
+                        Words::tr("ms"),
+                        (gas ? Words::tr("Gas injection time of cylinder %1, input register %2")
+                             : Words::tr("Petrol injection time of cylinder %1, input register %2"))
                             .arg(number)
                             .arg(reg),
                         [gas, i](const EcuImage& image) {

@@ -18,6 +18,9 @@ PageModels::PageModels(UiContext& context, ClpgecuView& view)
   connect(&view, &ClpgecuView::BecameIdle, this, &PageModels::FollowGrid);
   connect(&view, &ClpgecuView::LinkStateChanged, this,
           [this, &view] { FollowLink(view.LinkState()); });
+  // What a load has replaced is not to come back cell by cell.
+  connect(&context_.control, &CEcuControl::ConfigurationLoaded, this,
+          [this] { grid_.ForgetSteps(); });
   context_.control.SetIdentifiedHook([this] { ReadErrors(); });
 }
 
@@ -48,7 +51,11 @@ void PageModels::FollowLink(CommStatus status) {
 
 // A procedure may have loaded another grid into the ECU.
 void PageModels::FollowGrid() {
-  if (image_read_ && !context_.control.Busy()) grid_.TakeImage(context_.document.Snapshot());
+  if (!context_.control.Busy()) SyncGrid();
+}
+
+void PageModels::SyncGrid() {
+  if (image_read_) grid_.TakeImage(context_.document.Snapshot());
 }
 
 PageModels::~PageModels() { context_.control.SetIdentifiedHook({}); }
@@ -66,11 +73,7 @@ void PageModels::TakeImage() {
   if (!std::exchange(link_was_lost_, false)) return;
   // The ECU may have been without power meanwhile. Later: what the worker has reported is first
   // shown to its end.
-  const auto read_again = [this] {
-    if (context_.control.CurrentState() == CEcuControl::State::kConnected) ReadErrors();
-  };
-  QMetaObject::invokeMethod(
-      this, [this, read_again] { context_.control.Run(read_again); }, Qt::QueuedConnection);
+  context_.control.RunLaterOnThisEcu(this, [this] { ReadErrors(); });
 }
 
 Oscilloscope& PageModels::OpenScope() {

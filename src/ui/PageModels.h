@@ -31,6 +31,8 @@ class PageModels final : public QObject {
 
   // The correction grid with its undo steps, and the trace of the injection times.
   [[nodiscard]] GridModel& Grid() { return grid_; }
+  // Makes the grid what the image has, once that was read: it may be behind while a procedure runs.
+  void SyncGrid();
   [[nodiscard]] const GridTrace& Trace() const { return trace_; }
 
   // Records from the first OpenScope on: what nobody has looked at needs no saving.

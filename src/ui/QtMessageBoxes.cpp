@@ -26,15 +26,15 @@ QMessageBox::Icon QtIcon(MessageIcon icon) {
 
 // Modal until answered; gives the button.
 // A dialog that holds the window has its boxes in front of itself.
-int Show(QWidget* window, QMessageBox::Icon icon, std::string_view text,
+int Show(QWidget* window, QMessageBox::Icon icon, const Message& text,
          QMessageBox::StandardButtons buttons) {
   // A box with a long list in front of its question; a taller one leaves the screen.
   constexpr std::size_t kLongest = 4000;
   constexpr std::size_t kMostLines = 40;
   QWidget* const dialog = QApplication::activeModalWidget();
   QMessageBox box(icon, ToQString(TemplateString(DocumentString::kWindowTitle)),
-                  TranslatedMessage(Shortened(text, kLongest, kMostLines)), buttons,
-                  dialog != nullptr ? dialog : window);
+                  ToQString(Shortened(TranslatedMessage(text).toStdString(), kLongest, kMostLines)),
+                  buttons, dialog != nullptr ? dialog : window);
   box.setObjectName("message_box");
   box.setAccessibleName(box.text());
   // The texts are plain; "<=>" in one must not be taken for a tag.
@@ -45,18 +45,22 @@ int Show(QWidget* window, QMessageBox::Icon icon, std::string_view text,
 
 }  // namespace
 
-void QtMessageBoxes::Inform(std::string_view text, MessageIcon icon) {
+void QtMessageBoxes::Inform(const Message& text, MessageIcon icon) {
   Show(window_, QtIcon(icon), text, QMessageBox::Ok);
 }
 
-bool QtMessageBoxes::Ask(std::string_view text) {
+bool QtMessageBoxes::Ask(const Message& text) {
   return Show(window_, QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No) ==
          QMessageBox::Yes;
 }
 
-void QtMessageBoxes::Status(std::string_view text) {
+void QtMessageBoxes::Status(const Message& text) {
   constexpr std::size_t kLongest = 400;
-  emit StatusText(TranslatedMessage(Shortened(text, kLongest, /*most_lines=*/1)));
+  emit StatusText(ToQString(Shortened(WordsOf(text), kLongest, /*most_lines=*/1)));
+}
+
+std::string QtMessageBoxes::WordsOf(const Message& text) const {
+  return TranslatedMessage(text).toStdString();
 }
 
 }  // namespace zelorgas

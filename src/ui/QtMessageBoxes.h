@@ -17,9 +17,10 @@ class QtMessageBoxes final : public QObject, public MessageBoxes {
   // The window that the boxes belong to; null: none.
   void SetParentWindow(QWidget* window) { window_ = window; }
 
-  void Inform(std::string_view text, MessageIcon icon) override;
-  [[nodiscard]] bool Ask(std::string_view text) override;
-  void Status(std::string_view text) override;
+  void Inform(const Message& text, MessageIcon icon) override;
+  [[nodiscard]] bool Ask(const Message& text) override;
+  void Status(const Message& text) override;
+  [[nodiscard]] std::string WordsOf(const Message& text) const override;
 
  signals:
   // For the status line.

@@ -69,12 +69,12 @@ class SurfacePainter {
     Axis time{[near_y](double place, double distance) {
                 return SurfacePoint{place, near_y * distance, 0};
               },
-              ToQString(kSurfaceTimeAxis),
+              TranslatedMessage(kSurfaceTimeAxis),
               {}};
     Axis speed{[near_x](double place, double distance) {
                  return SurfacePoint{near_x * distance, place, 0};
                },
-               ToQString(kSurfaceSpeedAxis),
+               TranslatedMessage(kSurfaceSpeedAxis),
                {}};
     for (std::size_t i = 0; i < kGridSize; ++i) {
       time.labels.push_back(ToQString(TimeText(content_.axes.times_ms[i])));
@@ -197,7 +197,7 @@ class SurfacePainter {
     }
     foot.z = 1;
     Label(projection_.Project(foot) - QPointF(0, metrics.height()),
-          ToQString(kSurfaceCoefficientAxis));
+          TranslatedMessage(kSurfaceCoefficientAxis));
   }
 
   QPainter& painter_;

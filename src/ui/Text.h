@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Message.h"
+
 namespace zelorgas {
 
 // What a field shows while there is nothing to show.
@@ -14,7 +16,14 @@ inline constexpr const char* kNoValue = "------";
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// A fixed message of the core in the person's language.
-[[nodiscard]] QString TranslatedMessage(std::string_view text);
+// What the core has to say, in the person's language.
+[[nodiscard]] QString TranslatedMessage(FixedText text);
+[[nodiscard]] QString TranslatedMessage(const Message& message);
+// A name from a catalogue: words are translated, names of products stay.
+[[nodiscard]] QString TranslatedName(std::string_view name);
+// Words of the window, which are in the person's language already, for a message box.
+[[nodiscard]] inline Message ToMessage(const QString& words) {
+  return Message::Verbatim(words.toStdString());
+}
 
 }  // namespace zelorgas

@@ -17,9 +17,9 @@ class ThreadBoxes final : public MessageBoxes {
   // this.
   ThreadBoxes(UiCalls& calls, MessageBoxes& boxes, std::function<void(const QString&)> status);
 
-  void Inform(std::string_view text, MessageIcon icon) override;
-  [[nodiscard]] bool Ask(std::string_view text) override;
-  void Status(std::string_view text) override;
+  void Inform(const Message& text, MessageIcon icon) override;
+  [[nodiscard]] bool Ask(const Message& text) override;
+  void Status(const Message& text) override;
 
  private:
   UiCalls& calls_;

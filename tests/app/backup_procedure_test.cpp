@@ -13,11 +13,10 @@ TEST(BackupProcedure, KeepsWhatTheEcuHoldsAndNotWhatTheImageHeld) {
   ConnectedDocument on_line;
   ASSERT_TRUE(on_line.document.OpenLink());
   on_line.ecu.SetRegister(RegisterOfWord(556), 0x0102);
-  on_line.document.SelectRoutingMap(1);
-  std::string problem;
+  Message problem;
   const auto file =
-      BackUpConfiguration(on_line.document, folder.Path() / "backup", "some notes", problem);
-  ASSERT_TRUE(file) << problem;
+      BackUpConfiguration(on_line.document, folder.Path() / "backup", 1, "some notes", problem);
+  ASSERT_TRUE(file) << problem.English();
   const LoadedConfiguration stored = ReadConfigurationFile(*file, {}, 1);
   EXPECT_EQ(stored.block[556], 0x0102);
   EXPECT_TRUE(stored.Usable());
@@ -32,9 +31,9 @@ TEST(BackupProcedure, StoresNothingThatWasNotReadWhole) {
   ConnectedDocument on_line;
   ASSERT_TRUE(on_line.document.OpenLink());
   on_line.line.ArmFault({FaultKind::kSilent, 600'000}, 10);
-  std::string problem;
-  EXPECT_FALSE(BackUpConfiguration(on_line.document, folder.Path() / "backup", "", problem));
-  EXPECT_EQ(problem, on_line.document.Link().ErrorText(ModbusResult::kTimeOut));
+  Message problem;
+  EXPECT_FALSE(BackUpConfiguration(on_line.document, folder.Path() / "backup", 0, "", problem));
+  EXPECT_EQ(problem, on_line.document.Link().ErrorText(ModbusResult::kTimeOut).English());
   EXPECT_FALSE(std::filesystem::exists(folder.Path() / "backup"));
 }
 

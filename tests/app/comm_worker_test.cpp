@@ -72,50 +72,6 @@ TEST(CommWorker, HeldItReadsTheFifoPausedNothingStoppedItSaysGoodbye) {
   EXPECT_EQ(ecu.status.Take(), "1,3 1,3");
 }
 
-TEST(CommWorker, TheFifoIsFollowedRecordByRecord) {
-  Polled ecu;
-  std::vector<LiveRecord> records;
-  for (int round = 0; round < 40; ++round) {
-    ecu.clock.Sleep(std::chrono::milliseconds{70 + 20 * (round % 9)});
-    ecu.Round();
-    const auto taken = ecu.document.LiveRecords().TakeAll();
-    records.insert(records.end(), taken.begin(), taken.end());
-  }
-  // The last round's may still wait in the ECU.
-  EXPECT_NEAR(static_cast<double>(records.size()), ecu.clock.ElapsedMs() / 100, 1);
-  const EcuImage image = ecu.document.Snapshot();
-  EXPECT_EQ(image.record, records.back());
-  EXPECT_GT(image.record.EngineSpeed(), 500);
-  EXPECT_NEAR(image.record.BatteryVolts(), 14, 0.5);
-}
-
-TEST(CommWorker, TheCoilAreasOfEachVersion) {
-  for (const std::uint8_t minor : {std::uint8_t{36}, std::uint8_t{38}, std::uint8_t{39}}) {
-    Polled ecu(minor);
-    const std::vector<std::uint16_t> on{32, 42, 44, 60};
-    for (const std::uint16_t coil : on) ecu.ecu.SetCoil(coil, true);
-    ecu.Round();
-    const CoilImage coils = ecu.document.Snapshot().coils;
-    for (std::uint16_t coil = 32; coil < 32 + CoilCount(minor); ++coil) {
-      if (coil == 43 || coil == 36) continue;  // the restart flag, and the fuel
-      EXPECT_EQ(coils.Coil(coil) == 1, std::ranges::find(on, coil) != on.end())
-          << int{minor} << " coil " << coil;
-    }
-    EXPECT_EQ(coils.Coil(31), 0);
-    EXPECT_EQ(coils.Coil(67), 0);
-  }
-}
-
-TEST(CommWorker, OnlyVersions36To39ArePolled) {
-  Polled old(35);
-  EXPECT_EQ(old.Round(), "1,0");
-  EXPECT_EQ(old.requests, "18 0, 04 43");
-  Polled newer(40);
-  EXPECT_EQ(newer.Round(), "1,0");
-  EXPECT_EQ(newer.requests, "");
-  EXPECT_DOUBLE_EQ(newer.took_ms, 50);
-}
-
 TEST(CommWorker, ThreeFailedPollsMeanALostLink) {
   const struct {
     std::uint8_t minor;
@@ -194,12 +150,6 @@ TEST(CommWorker, APulledPlugIsSaidAtOnceAndHealsByItself) {
     ecu.line.SetPlugged(true);
     EXPECT_EQ(ecu.Round(), kUp) << turn;
   }
-  ecu.line.SetPlugged(false);
-  ecu.Round();
-  ecu.Round();
-  EXPECT_EQ(ecu.took_ms, 250) << "it only looks for the port now and then";
-  ecu.document.TellWorkerToStop();
-  EXPECT_FALSE(ecu.worker.RunRound());
 }
 
 TEST(CommWorker, AnotherEcuIsSaidAndThenLeftAlone) {

@@ -27,11 +27,13 @@ TEST(WindowCommandLine, NamesTheFirstArgumentThatItCannotTake) {
                                "demos", "-demo", "map.xml", ".fob", ".osc", "a.fob ", "-help"}) {
     const CommandLine line = Parse({"demo", argument, "other"});
     EXPECT_FALSE(line.admin) << argument;
-    EXPECT_TRUE(line.problem.starts_with("Unknown argument \"" + std::string(argument) + "\".\n"))
+    EXPECT_TRUE(
+        line.problem.English().starts_with("Unknown argument \"" + std::string(argument) + "\".\n"))
         << argument;
   }
   const CommandLine two = Parse({"a.fob", "b.fob"});
-  EXPECT_TRUE(two.problem.starts_with("Only one file can be opened, not also \"b.fob\".\n"));
+  EXPECT_TRUE(
+      two.problem.English().starts_with("Only one file can be opened, not also \"b.fob\".\n"));
   EXPECT_EQ(two.file, "a.fob");
   EXPECT_EQ(Parse({"C:\\cars\\drive.Osc"}).file, "C:\\cars\\drive.Osc");
 }

@@ -159,13 +159,5 @@ TEST(EcuConnection, GoesOnAfterAnUpdateByWhatItHasLeft) {
   EXPECT_FALSE(broken.document.HasWorker());
 }
 
-TEST(EcuConnection, AnEcuInItsBootloaderIsHandedOver) {
-  Connecting c({.in_bootloader = true});
-  EXPECT_EQ(c.connection.Connect(), Outcome::kFirmwareUpdate);
-  EXPECT_EQ(c.update.started, "bootloader ");
-  EXPECT_FALSE(c.document.HasWorker());
-  c.ecu.WithBootloader([](Bootloader& boot) { EXPECT_TRUE(boot.Coil(2)) << "told to stay"; });
-}
-
 }  // namespace
 }  // namespace zelorgas

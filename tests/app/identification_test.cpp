@@ -25,8 +25,9 @@ TEST(Revision, IsReadFromBothPatternsAndFromNothingElse) {
       {"SV 255.255@HV 255.255", "255.255 255.255"},
       {"P042V0T39M1B17-release", "0.39 0.0"},
       {"P 42V 1T 2M 3B 4", "1.2 0.0"},
-      // Only the version has to fit a byte.
-      {"P70000V0T36M256B99999999999", "0.36 0.0"},
+      // Only a number's lowest byte counts.
+      {"P70000V256T292M256B99999999999", "0.36 0.0"},
+      {"SV 0.-1@HV 4294967297.258", "0.255 1.2"},
   };
   for (const auto& [text, versions] : understood) {
     const auto revision = ParseRevision(text);
@@ -35,9 +36,7 @@ TEST(Revision, IsReadFromBothPatternsAndFromNothingElse) {
   }
   for (const std::string_view text :
        {"", "SV 0.39@HV 1", "SV 0.39@HV 1.x", "SV 0.39", "SV 0 .39@HV 1.2", " SV 0.39@HV 1.2",
-        "sv 0.39@hv 1.2", "SV 0.39@ HV 1.2", "SV 0.256@HV 1.2", "SV 0.39@HV 256.2",
-        "SV 4294967296.39@HV 1.2", "SV 18446744073709551616.39@HV 1.2", "SV 0.-39@HV 1.2",
-        "SV 0.- 39@HV 1.2", "SV 0.+-39@HV 1.2", "P042V0T39M1B", "P042V0T256M1B17",
+        "sv 0.39@hv 1.2", "SV 0.39@ HV 1.2", "SV 0.- 39@HV 1.2", "SV 0.+-39@HV 1.2", "P042V0T39M1B",
         "P042V0 T39M1B17", "V0T39"}) {
     EXPECT_FALSE(ParseRevision(text)) << text;
   }

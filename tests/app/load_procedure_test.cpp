@@ -14,6 +14,7 @@ using testing::HasSubstr;
 using Outcome = LoadResult::Outcome;
 
 constexpr std::uint64_t kChunks = 19;
+constexpr std::uint64_t kStage = 1 + kChunks;  // requests: who is there, and the block
 constexpr std::string_view kFailed =
     "error: An error has occured while trying to load configuration data!";
 constexpr std::string_view kQuestion =
@@ -34,7 +35,7 @@ class LoadProcedureTest : public testing::Test {
 
   LoadResult Load(const TransferProgress& progress = {}) {
     return LoadProcedure(ecu_and_pc_.document, ecu_and_pc_.boxes, progress)
-        .Run({.file = file_, .backup_folder = backup_folder_});
+        .Run({.file = file_, .backup_folder = backup_folder_, .routing_map = routing_map_});
   }
 
   void ExpectUntouched(const LoadResult& result) {
@@ -47,6 +48,7 @@ class LoadProcedureTest : public testing::Test {
   TemporaryFolder folder_;
   std::filesystem::path file_ = folder_.Path() / "car.fob";
   std::filesystem::path backup_folder_ = folder_.Path() / "storage" / "backup";
+  std::optional<std::size_t> routing_map_;
   PolledDocument ecu_and_pc_;
   const ConfigurationBlock before_ = ecu_and_pc_.ecu.Block();
 };
@@ -58,7 +60,7 @@ TEST_F(LoadProcedureTest, WritesChecksAndKeepsWhatWasThere) {
     if (words == 0 || words == 583) stages += std::to_string(static_cast<int>(stage)) + ' ';
   });
   EXPECT_EQ(result.outcome, Outcome::kLoaded);
-  EXPECT_EQ(stages, "0 0 1 1 2 2 ");
+  EXPECT_EQ(stages, "0 0 1 1 2 2 3 ");
   EXPECT_THAT(
       ecu_and_pc_.boxes.said,
       ElementsAre(kQuestion, "note: The configuration data have been loaded successfully!"));
@@ -72,27 +74,6 @@ TEST_F(LoadProcedureTest, WritesChecksAndKeepsWhatWasThere) {
   EXPECT_EQ(ReadNotes(result.backup), "What the ECU held before car.fob was loaded into it");
   EXPECT_NE(Load().backup, result.backup) << "in the same second, too";
   EXPECT_TRUE(ecu_and_pc_.Polls());
-}
-
-TEST_F(LoadProcedureTest, AFileThatIsNoneTouchesNothing) {
-  const std::string text = SampleText();
-  const std::pair<std::string, std::string> rows[] = {
-      {Replaced(text, "1.00", "1.01"), "The version is \"1.01\" and not \"1.00\""},
-      {Replaced(Replaced(text, "0.29;", "x;"), ";13.69", ";y"),
-       "GridRow[0], value 1: \"x\" is no number that can be loaded (and 1 more)"},
-      {"", "There is no element GASECUConfiguration"}};
-  for (const auto& [content, reason] : rows) {
-    WriteFile(content);
-    ecu_and_pc_.boxes.said.clear();
-    const LoadResult result = Load();
-    EXPECT_EQ(result.outcome, Outcome::kBadFile);
-    EXPECT_THAT(ecu_and_pc_.boxes.said, ElementsAre(kQuestion, kFailed));
-    EXPECT_EQ(ecu_and_pc_.boxes.statuses.back(), reason);
-    ExpectUntouched(result);
-  }
-  file_.clear();
-  EXPECT_EQ(Load().outcome, Outcome::kNoFile);
-  EXPECT_FALSE(std::filesystem::exists(backup_folder_));
 }
 
 TEST_F(LoadProcedureTest, WhatThePersonDoesNotWantIsNotDone) {
@@ -127,7 +108,7 @@ TEST_F(LoadProcedureTest, ALinkThatDiesSaysHowFarItGot) {
       ecu_and_pc_.ecu.SetRegister(RegisterOfWord(i), before_[i]);
     }
     ecu_and_pc_.document.Image().block = before_;
-    ecu_and_pc_.LoseRequest(kChunks + 1 + chunk);
+    ecu_and_pc_.LoseRequest(kStage + 2 + chunk);
     const LoadResult result = Load();
     EXPECT_EQ(result.outcome, Outcome::kUnfinished);
     EXPECT_EQ(result.link_result, ModbusResult::kTimeOut);
@@ -148,7 +129,7 @@ TEST_F(LoadProcedureTest, ALinkThatDiesSaysHowFarItGot) {
 }
 
 TEST_F(LoadProcedureTest, EachStageCanBeTriedAgain) {
-  for (const std::uint64_t request : {std::uint64_t{5}, kChunks + 7, 2 * kChunks + 19}) {
+  for (const std::uint64_t request : {std::uint64_t{1}, kStage + 8, 3 * kStage}) {
     ecu_and_pc_.boxes.said.clear();
     ecu_and_pc_.LoseRequest(request);
     const LoadResult result = Load();
@@ -157,12 +138,52 @@ TEST_F(LoadProcedureTest, EachStageCanBeTriedAgain) {
     EXPECT_THAT(ecu_and_pc_.boxes.said[1], HasSubstr("try again?"));
   }
   ecu_and_pc_.boxes.declined = "try again";
-  ecu_and_pc_.LoseRequest(2 * kChunks + 1);
+  ecu_and_pc_.LoseRequest(2 * kStage + 2);
   EXPECT_EQ(Load().outcome, Outcome::kUnchecked);
   EXPECT_EQ(ecu_and_pc_.boxes.said.back(),
             "note: The configuration has been written, but could not be read back and compared.");
+  EXPECT_THAT(ecu_and_pc_.boxes.statuses.back(), HasSubstr("What the ECU held before is stored"));
   ecu_and_pc_.LoseRequest(1);
   EXPECT_EQ(Load().outcome, Outcome::kNotBegun);
+}
+
+TEST_F(LoadProcedureTest, AnotherEcuGetsNothingOfThisOnes) {
+  const std::uint32_t serial = ecu_and_pc_.document.Image().serial.value();
+  ConfigurationBlock other{};
+  ecu_and_pc_.boxes.while_asking = [&] {
+    if (ecu_and_pc_.boxes.said.back().find("try again?") == std::string::npos) return;
+    ecu_and_pc_.ecu.SetSerial(serial + 1);
+    other = ecu_and_pc_.ecu.Block();
+  };
+  const std::pair<std::uint64_t, Outcome> rows[] = {{5, Outcome::kNotBegun},
+                                                    {kStage + 7, Outcome::kUnfinished},
+                                                    {2 * kStage + 7, Outcome::kUnchecked}};
+  for (const auto& [request, outcome] : rows) {
+    ecu_and_pc_.ecu.SetSerial(serial);
+    ecu_and_pc_.LoseRequest(request);
+    EXPECT_EQ(Load().outcome, outcome);
+    EXPECT_EQ(ecu_and_pc_.boxes.said.end()[-2],
+              "note: Another ECU answers than the one that was connected to!");
+    EXPECT_EQ(ecu_and_pc_.ecu.Block(), other);
+  }
+  ecu_and_pc_.worker.RunRound();
+  EXPECT_THAT(ecu_and_pc_.status.Take(), HasSubstr("2,1"));
+}
+
+TEST_F(LoadProcedureTest, AFileOfTheOtherRoutingMapLeavesTheFirstOne) {
+  WriteFile(ConfigurationText(SampleConfiguration(), 1, ""));
+  routing_map_ = 1;
+  const LoadResult result = Load();
+  EXPECT_EQ(result.outcome, Outcome::kLoaded);
+  const ConfigurationBlock held = ecu_and_pc_.ecu.Block();
+  const ConfigurationBlock backup = ReadConfigurationFile(result.backup, {}, 1).block;
+  for (std::size_t byte = 0; byte < kRoutingMapBytes; ++byte) {
+    const std::size_t first = RoutingByte(0, 0, 0) + byte;
+    const std::size_t second = RoutingByte(1, 0, 0) + byte;
+    EXPECT_EQ(BlockByte(held, first), BlockByte(before_, first));
+    EXPECT_EQ(BlockByte(held, second), BlockByte(SampleConfiguration(), second));
+    EXPECT_EQ(BlockByte(backup, second), BlockByte(before_, second));
+  }
 }
 
 TEST_F(LoadProcedureTest, WhatTheEcuHoldsInsteadIsSaidParameterByParameter) {

@@ -1,6 +1,5 @@
 #include "app/Settings.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -12,21 +11,6 @@ namespace zelorgas {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
-
-TEST(Settings, AreKeptUnderTheirKeys) {
-  MemorySettings store;
-  Settings settings(store);
-  EXPECT_EQ(settings.Language(), 9);
-  EXPECT_FALSE(settings.SaveFile());
-  EXPECT_TRUE(settings.SetPort("COM3"));
-  EXPECT_EQ(settings.Port(), store.ReadString("Settings", "COMMPORT", ""));
-  for (const bool on : {true, false}) {
-    EXPECT_TRUE(settings.SetSaveFile(on));
-    EXPECT_EQ(settings.SaveFile(), on);
-    EXPECT_EQ(store.ReadInteger("Settings", "SAVEFILE", 7), on ? 1 : 0);
-  }
-}
 
 TEST(Settings, OnlyTheTwoLanguagesOfTheListCanBeChosen) {
   MemorySettings store;
@@ -41,12 +25,6 @@ TEST(Settings, OnlyTheTwoLanguagesOfTheListCanBeChosen) {
   EXPECT_EQ(settings.Language(), 1414);
   store.RefuseWrites();
   EXPECT_FALSE(settings.ChooseLanguage(0));
-  EXPECT_EQ(LanguageLibrary(1413), "ZelorGas_bg");
-  EXPECT_EQ(kLanguageNames[LanguageEntry(1413)], "Bulgarian");
-  for (const int language : {1414, 9, 0}) {
-    EXPECT_EQ(LanguageLibrary(language), "");
-    EXPECT_EQ(kLanguageNames[LanguageEntry(language)], "English");
-  }
 }
 
 std::string Whole(const std::string& name) {
@@ -65,22 +43,6 @@ TEST(RecentFiles, KeepTheLatestFourInFrontOrder) {
   EXPECT_EQ(recent.Files(), expected);
   EXPECT_EQ(store.ReadString("Recent File List", "File1", ""), expected.front());
   EXPECT_EQ(RecentFiles(store).Files(), expected) << "after a new start";
-}
-
-TEST(RecentFiles, LoseWhatCannotBeOpened) {
-  const std::string present = Whole(fs::temp_directory_path().string());
-  MemorySettings store;
-  RecentFiles recent(store);
-  for (const std::string& name : {std::string("no such 1"), std::string("no such 2"), present}) {
-    recent.Add(name);
-  }
-  recent.Remove("no such 2");
-  EXPECT_THAT(recent.Files(), ElementsAre(present, Whole("no such 1")));
-  recent.RemoveMissing();
-  EXPECT_THAT(RecentFiles(store).Files(), ElementsAre(present));
-  store.RefuseWrites();
-  recent.Remove(present);
-  EXPECT_THAT(recent.Files(), ElementsAre());
 }
 
 }  // namespace

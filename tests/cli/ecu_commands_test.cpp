@@ -1,5 +1,4 @@
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <utility>
 
@@ -68,11 +67,6 @@ TEST_F(EcuCommands, SetWritesWhatChoosingFromACatalogueWrites) {
     Print("set " + assignments);
     EXPECT_EQ(TakeWrites(), writes);
   }
-  EcuOnLine older(cli_.clock, {.software_minor = 36});
-  cli_.serial_ports = older.port.Opener();
-  EXPECT_EQ(cli_.Run(SplitWords("--port /dev/old set INJECTOR_TYPE=KEIHIN-BLUE")).out,
-            "FREQ_GAS_INJ=10000\nDC_GAS_INJ=25\nTSPEEDUP_DELAY=242\nTSPEEDUP=2600\n"
-            "TOFF_HOLDFREQ_INJ=0\nINJECTOR_TYPE=0\n");
 }
 
 TEST_F(EcuCommands, SetSaysWhichWereWritten) {
@@ -94,38 +88,6 @@ TEST_F(EcuCommands, SetSaysWhichWereWritten) {
                 "zelorgas-cli: written: none; not confirmed: NCYLINDERS; not tried: none\n");
 }
 
-TEST_F(EcuCommands, ModbusReadsAndWrites) {
-  line_.ecu.SetCoil(40, true);
-  line_.ecu.SetCoil(42, true);
-  line_.ecu.SetRegister(838, 7);
-  line_.instead = [](const Unit& request) {
-    return request == Unit{0x0B, 24, 0, 5}
-               ? std::optional(Unit{0x0B, 24, 0, 6, 0, 2, 0x12, 0x34, 0, 9})
-               : std::nullopt;
-  };
-  const struct {
-    std::string words, text, values;
-  } cases[] = {
-      {"coils 40 3", "40: 1\n41: 0\n42: 1\n", "[1,0,1]"},
-      {"inputs 0x20 1", "32: 1\n", "[1]"},
-      {"holding 838 1", "838: 7\n", "[7]"},
-      {"input 32 2", "32: 258\n33: 39\n", "[258,39]"},
-      {"fifo 5", "0: 4660\n1: 9\n", "[4660,9]"},
-      {"write-coil 45 off", "45: 0\n", "[0]"},
-      {"write-coil 45 on", "45: 1\n", "[1]"},
-      {"write-register 0x100 0xFFFF", "256: 65535\n", "[65535]"},
-      {"write-registers 300 1 0x20", "300: 1\n301: 32\n", "[1,32]"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(Print("modbus " + c.words), c.text);
-    EXPECT_EQ(Print("--json modbus " + c.words), "{\"values\":" + c.values + "}\n");
-  }
-  EXPECT_TRUE(line_.ecu.Coil(45));
-  EXPECT_EQ(line_.ecu.Register(256), 65535);
-  EXPECT_EQ(line_.ecu.Register(301), 32);
-  EXPECT_EQ(Print("modbus identify 2 2"), "SV 0.39@HV 1.2\nSequential injection\n");
-}
-
 // Whatever bytes an object holds, a terminal and a JSON reader get clean text.
 TEST_F(EcuCommands, ModbusIdentificationIsEscaped) {
   line_.instead = [](const Unit&) {
@@ -138,18 +100,6 @@ TEST_F(EcuCommands, ModbusIdentificationIsEscaped) {
   EXPECT_EQ(Print("modbus identify 2 3 --json"),
             R"({"values":["\u001b\"\u00ff"],"more_follows":true,"next_object":9})"
             "\n");
-}
-
-TEST_F(EcuCommands, AttemptsBoundTheTriesOfADeadLine) {
-  line_.instead = [](const Unit&) { return Unit{}; };
-  ExpectRefused("modbus holding 256 1", "zelorgas-cli: modbus: Time Out Error\n");
-  EXPECT_EQ(std::exchange(line_.requests, {}).size(), 3U);
-  // The fifth try is the first that is answered.
-  line_.instead = [this](const Unit&) {
-    return line_.requests.size() < 5 ? std::optional(Unit{}) : std::nullopt;
-  };
-  line_.ecu.SetRegister(256, 21);
-  EXPECT_EQ(Print("get 256 --attempts 5"), "256=21\n");
 }
 
 class Trace : public EcuCommands {
@@ -181,30 +131,6 @@ TEST_F(Trace, HoldsEveryFrameWithTimeAndResult) {
   };
   Run(Words{"get", "RPM_RATIO", "--trace", path_, "--attempts", "2"});
   EXPECT_EQ(Text(), first + "1040.000 " + request + "2040.000 received \"\" Time Out Error\n");
-}
-
-TEST_F(Trace, FileThatCannotBeWrittenStopsTheCommand) {
-  const std::string nowhere = path_ + "/no/such/folder";
-  // What is no file of its own: a device, or where these have no names in folders, a folder.
-  const bool has_devices = std::filesystem::path::preferred_separator == '/';
-  const std::string special = has_devices ? "/dev/null" : testing::TempDir();
-  for (const auto& [path, why] :
-       {std::pair(nowhere, ""), {special, ": it is not a regular file"}}) {
-    const CliHarness::Outcome run = Run(Words{"set", "NCYLINDERS=6", "--trace", path});
-    EXPECT_EQ(run.status, 3);
-    EXPECT_EQ(run.out, "");
-    EXPECT_EQ(run.err, "zelorgas-cli: cannot write " + path + why + "\n");
-    EXPECT_TRUE(line_.requests.empty());
-  }
-}
-
-TEST(Output, ThatCannotBeWrittenIsAFileFailure) {
-  CliHarness cli;
-  std::ostringstream out;
-  out.setstate(std::ios::badbit);
-  const CliHarness::Outcome run = cli.Run({"ports", "--json"}, out);
-  EXPECT_EQ(run.status, 3);
-  EXPECT_EQ(run.err, "zelorgas-cli: could not write the output\n");
 }
 
 }  // namespace

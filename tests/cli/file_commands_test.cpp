@@ -1,42 +1,24 @@
-// read, write, show and diff, on a simulated ECU over the whole of its line.
+// read, write, show and diff.
 #include <gmock/gmock.h>
 
-#include "cli/CliHarness.h"
+#include "cli/FolderCliTest.h"
 #include "platform/FileSystem.h"
-#include "sim/SimulatedPort.h"
 #include "support/SampleConfiguration.h"
-#include "support/TemporaryFolder.h"
 
 namespace zelorgas {
 namespace {
 
 using testing::HasSubstr;
 using testing::StartsWith;
-using Words = std::vector<std::string>;
 
-class FileCommands : public testing::Test {
+class FileCommands : public FolderCliTest {
  protected:
-  FileCommands() {
-    std::filesystem::current_path(folder_.Path());
-    WriteFile("sample.fob", SampleText());
-  }
-  ~FileCommands() override { std::filesystem::current_path(before_); }
+  FileCommands() { WriteFile("sample.fob", SampleText()); }
 
   void WriteFile(const std::string& name, const std::string& text) {
     std::string problem;
     ASSERT_TRUE(WriteWholeFile(name, text, problem)) << problem;
   }
-  CliHarness::Outcome Run(Words words) {
-    cli_.serial_ports = SimulatedPort(line_, cli_.clock);
-    words.insert(words.begin(), {"--port", "/dev/ttyECU"});
-    return cli_.Run(words);
-  }
-
-  const std::filesystem::path before_ = std::filesystem::current_path();
-  TemporaryFolder folder_;
-  CliHarness cli_;
-  SimulatedEcu ecu_{cli_.clock};
-  SimulatedLine line_{ecu_, cli_.clock, {.paced = false}};
 };
 
 TEST_F(FileCommands, ReadStoresAndAsksBeforeItWritesOverAFile) {
@@ -54,7 +36,10 @@ TEST_F(FileCommands, ReadStoresAndAsksBeforeItWritesOverAFile) {
   EXPECT_THAT(run.err, HasSubstr("giong to be stored into the specified file!"));
   EXPECT_EQ(ReadNotes("new/car.fob"), "Golf");
   EXPECT_EQ(Run({"read", "new/car.fob", "--yes"}).out, "stored: new/car.fob\n");
+  const std::uint64_t before = line_.RequestCount();
   EXPECT_EQ(Run({"read", "sample.fob/car.fob"}).status, 3);
+  EXPECT_EQ(Run({"read", "new"}).status, 3) << "a folder";
+  EXPECT_EQ(line_.RequestCount(), before) << "nothing was read in vain";
   line_.SetPlugged(false);
   EXPECT_EQ(Run({"read", "other.fob"}).status, 1);
   EXPECT_FALSE(std::filesystem::exists("other.fob"));

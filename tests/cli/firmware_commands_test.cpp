@@ -1,37 +1,22 @@
-// erase and flash, on a simulated ECU over the whole of its line.
+// erase and flash.
 #include <gmock/gmock.h>
 
-#include "cli/CliHarness.h"
+#include "cli/FolderCliTest.h"
 #include "config/ConfigurationFile.h"
 #include "firmware/UpdateBench.h"
-#include "support/TemporaryFolder.h"
 
 namespace zelorgas {
 namespace {
 
 using testing::HasSubstr;
 
-class FirmwareCommands : public testing::Test {
+class FirmwareCommands : public FolderCliTest {
  protected:
-  // The backups go there.
-  FirmwareCommands() { std::filesystem::current_path(folder_.Path()); }
-  ~FirmwareCommands() override { std::filesystem::current_path(before_); }
-
-  CliHarness::Outcome Run(std::vector<std::string> words) {
-    cli_.serial_ports = SimulatedPort(line_, cli_.clock);
-    words.insert(words.begin(), {"--port", "/dev/ttyECU"});
-    return cli_.Run(words);
-  }
   CliHarness::Outcome Flash(std::vector<std::string> words = {"--yes"}) {
     words.insert(words.begin(), {"flash", image_.path.string()});
     return Run(words);
   }
 
-  TemporaryFolder folder_;
-  const std::filesystem::path before_ = std::filesystem::current_path();
-  CliHarness cli_;
-  SimulatedEcu ecu_{cli_.clock};
-  SimulatedLine line_{ecu_, cli_.clock};
   ImageFile image_{Bootloader::MakeImage(2700, 4)};
 };
 
@@ -68,24 +53,6 @@ TEST_F(FirmwareCommands, AskBeforeTheyErase) {
   EXPECT_EQ(Run({"erase"}).out, "erased: ECU123456, software 00.39\n");
   image_.Fill({});
   EXPECT_TRUE(image_.IsIn(ecu_)) << "blank";
-}
-
-TEST_F(FirmwareCommands, SayWhatWentWrongByTheirStatusToo) {
-  EXPECT_EQ(Run({"flash", "--yes"}).status, 2);
-  const CliHarness::Outcome missing = Run({"flash", "none.ebi", "--yes"});
-  EXPECT_EQ(missing.status, 3);
-  EXPECT_EQ(missing.err,
-            "zelorgas-cli: none.ebi: Cannot find firmware for the selected version!\n");
-  EXPECT_EQ(line_.RequestCount(), 0U);
-  image_.Fill(std::vector<std::uint8_t>(Bootloader::kApplicationSize + 1, 1));
-  EXPECT_EQ(Flash().status, 3) << "too large for this ECU";
-  image_.Fill(Bootloader::MakeImage(2700, 4));
-  line_.ArmFault({FaultKind::kUnplug}, 60);
-  const CliHarness::Outcome lost = Flash();
-  EXPECT_EQ(lost.status, 1);
-  EXPECT_EQ(lost.out, "");
-  EXPECT_THAT(lost.err, HasSubstr("\nzelorgas-cli: Write communication error\n"));
-  EXPECT_THAT(lost.err, testing::EndsWith("It waits in its bootloader: run the command again.\n"));
 }
 
 TEST_F(FirmwareCommands, AnInterruptIsAnsweredAndStopsThemOnceErasedOnlyTheSecondTime) {

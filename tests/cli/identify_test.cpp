@@ -8,8 +8,6 @@ namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::StartsWith;
-using Unit = EcuOnLine::Unit;
 
 constexpr const char* kPort = "/dev/ttyECU";
 constexpr const char* kAdvice =
@@ -56,54 +54,6 @@ TEST(Identify, AnApplication) {
                      "\n");
 }
 
-// Whether this program can work with the ECU is for standard error and the exit status; who it is
-// is printed all the same, as far as the procedure has asked.
-TEST(Identify, EveryVersionAndTheBootloader) {
-  const std::string all = R"("serial":"ECU123456","board":[23111,258,11065],"mode":"applic)";
-  const std::string not_asked = R"("serial":null,"board":null,"mode":"application"})";
-  const struct {
-    SimulatedEcuOptions ecu;
-    int status;
-    std::string out, err;  // parts of them
-  } cases[] = {
-      {{.software_minor = 35}, 0, not_asked, ": ZelorGAS has detected an obsolete firmware"},
-      {{.software_minor = 38}, 0, all, ": ZelorGAS has detected an obsolete firmware"},
-      {{.software_minor = 40}, 1, not_asked, ": You have got a newer firmware version!\n"},
-      {{.in_bootloader = true},
-       0,
-       R"("hardware":null,"serial":null,"board":null,"mode":"boot)",
-       ": The ECU is in its bootloader"},
-  };
-  for (const auto& c : cases) {
-    Identifying ecu(c.ecu);
-    const CliHarness::Outcome run = ecu.Run({"--json"});
-    EXPECT_EQ(run.status, c.status) << c.err;
-    EXPECT_THAT(run.out, HasSubstr(c.out));
-    EXPECT_THAT(run.out,
-                HasSubstr("\"software\":\"0." + std::to_string(c.ecu.software_minor) + "\""));
-    EXPECT_THAT(run.err, StartsWith("zelorgas-cli" + c.err));
-    EXPECT_EQ(ecu.StoredPort(), kPort);
-  }
-  EXPECT_THAT(Identifying({.in_bootloader = true}).Run().out,
-              EndsWith("hardware: ------\nserial:   ------\nboard:    ------\n"
-                       "mode:     bootloader\n"));
-}
-
-TEST(Identify, TellsAStrangerFromABadLine) {
-  Identifying ecu;
-  ecu.line.instead = [](const Unit&) { return Unit{0x0B, 0xAB, 0x04}; };
-  CliHarness::Outcome run = ecu.Run({"--json"});
-  EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, "");
-  EXPECT_EQ(run.err,
-            "zelorgas-cli: Couldn't establish connection with GASECU!\n"
-            "Please check out cables and power supply!\n"
-            "zelorgas-cli: Modbus device return an exception code4\n");
-  EXPECT_EQ(ecu.line.requests.size(), 3U) << "each exchange is tried three times";
-  EXPECT_EQ(Identifying({.vendor = "T"}).Run().err, "zelorgas-cli: Unrecognized Vendor Name!\n");
-  EXPECT_EQ(ecu.StoredPort(), "");
-}
-
 TEST(Questions, AreAnsweredOnATerminalOnly) {
   const std::string advice = kAdvice;
   const struct {
@@ -114,7 +64,6 @@ TEST(Questions, AreAnsweredOnATerminalOnly) {
       {true, "yes\r\n", "[y/n] " + advice},
       {true, "n\n", "[y/n] "},
       {true, "\nmaybe\nY\n", "[y/n] [y/n] [y/n] " + advice},
-      {true, "perhaps", "[y/n] [y/n] \n"},
       {false, "y\n", "[y/n] n (there is no terminal to answer on)\n"},
   };
   for (const auto& c : cases) {

@@ -191,23 +191,6 @@ TEST_F(Live, SaysWhatBecomesOfTheLinkAndTheEcu) {
   EXPECT_THAT(run.err, HasSubstr("zelorgas-cli: no live values have come\n"));
 }
 
-TEST_F(Live, WhereThereIsNothingToWatch) {
-  const std::pair<SimulatedEcuOptions, std::string> cases[] = {
-      {{.software_minor = 35}, "ZelorGAS has detected an obsolete firmware version!"},
-      {{.software_minor = 40}, "You have got a newer firmware version!"},
-      {{.in_bootloader = true}, "The ECU is in its bootloader"},
-  };
-  for (const auto& [options, message] : cases) {
-    SimulatedEcu ecu(cli_.clock, options);
-    Use(ecu);
-    const CliHarness::Outcome run = Run({"--seconds", "1", "--csv", csv_file_});
-    EXPECT_EQ(run.status, 1) << message;
-    EXPECT_EQ(run.out, "") << message;
-    EXPECT_THAT(run.err, StartsWith("zelorgas-cli: " + message));
-    EXPECT_TRUE(CsvLines().empty()) << "an earlier recording is still there then";
-  }
-}
-
 TEST_F(Live, OutputsThatCannotBeWrittenEndIt) {
   const std::string nowhere = csv_file_ + "/no/such/folder";
   EXPECT_EQ(Run({"--csv", nowhere}).err, "zelorgas-cli: cannot write " + nowhere + "\n");

@@ -64,18 +64,5 @@ TEST(BlockComparison, AFileAgreesWithWhatItWasStoredFromAndWithWhatItIsLoadedInt
               testing::ElementsAre("Ton[0]: 1.230, 1.240", "GridRow[0][0]: 2.01, 2.02"));
 }
 
-TEST(BlockComparison, TwoFilesDifferAlsoInWhatOneOfThemLacks) {
-  const LoadedConfiguration sample = ReadText(SampleText());
-  const LoadedConfiguration other =
-      ReadText(Replaced(Replaced(Replaced(SampleText(), "NCYLINDERS=\"1028\"", "NCYLINDERS=\"4\""),
-                                 "GAS_TYPE=\"1027\"", ""),
-                        "0.29;", "2.01;"),
-               {});
-  EXPECT_THAT(Texts(CompareFiles(sample, other)),
-              testing::ElementsAre("GAS_TYPE: 1027, (missing)", "NCYLINDERS: 1028, 4",
-                                   "GridRow[0][0]: 0.29, 2.01"));
-  EXPECT_EQ(CompareFiles(other, sample)[0].first_raw, std::nullopt);
-}
-
 }  // namespace
 }  // namespace zelorgas

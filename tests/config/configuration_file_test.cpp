@@ -108,6 +108,7 @@ TEST(ConfigurationFile, NumbersAreTakenAsTheirRulesSay) {
       {"LAMBDA_OXYGENRANGE", "32769", 68, 0x8001},
       {"Ton", "1.2399", 82, 1239},
       {"Ton", "65.536", 82, 0},
+      {"Ton", "1e-400", 82, 0},
       {"GridRow[0]", "2.01", 114, 200},
       {"GridRow[0]", "-0.01", 114, 65535},
       {"RPM", "-1", 98, 65535},
@@ -142,6 +143,9 @@ TEST(ConfigurationFile, WhatIsNoNumberKeepsAScalarAndRefusesAList) {
   }
   for (const char* name : {"Nrows", "RPM", "CorrEco", "Outlet", "Ginj6", "0"}) {
     EXPECT_EQ(ReadWith(name, "12.5").faults.size(), 1U) << name;
+  }
+  for (const char* name : {"Nrows", "Outlet", "5"}) {
+    EXPECT_EQ(ReadWith(name, "12;7").faults.size(), 1U) << name << " is no list";
   }
 }
 
@@ -190,19 +194,25 @@ TEST(ConfigurationFile, TheProcessesLocaleHasNoSay) {
 TEST(ConfigurationFile, IsWrittenAndReadOnDisk) {
   const TemporaryFolder folder;
   const std::filesystem::path path = folder.Path() / "storage" / "LPG" / "car.fob";
-  std::string problem;
-  ASSERT_TRUE(WriteConfigurationFile(path, SampleConfiguration(), 0, "Golf", problem)) << problem;
+  Message problem;
+  ASSERT_TRUE(WriteConfigurationFile(path, SampleConfiguration(), 0, "Golf", problem))
+      << problem.English();
   EXPECT_TRUE(ReadConfigurationFile(path, {}, 0).Usable());
   EXPECT_EQ(ReadNotes(path), "Golf");
   // A file in place of a folder, a folder in place of a file.
   const std::filesystem::path parent = path.parent_path();
   EXPECT_FALSE(WriteConfigurationFile(path / "x.fob", SampleConfiguration(), 0, "", problem));
-  EXPECT_THAT(problem, testing::StartsWith("Cannot create " + PathText(path)));
+  EXPECT_THAT(problem.English(), testing::StartsWith("Cannot create " + PathText(path)));
   EXPECT_FALSE(WriteConfigurationFile(parent, SampleConfiguration(), 0, "", problem));
-  EXPECT_THAT(problem, testing::StartsWith("Cannot write " + PathText(parent)));
+  EXPECT_THAT(problem.English(), testing::StartsWith("Cannot write " + PathText(parent)));
+  const std::string long_notes(4U << 20U, 'x');
+  EXPECT_FALSE(WriteConfigurationFile(path, SampleConfiguration(), 0, long_notes, problem));
+  EXPECT_EQ(ReadNotes(path), "Golf");
   const std::filesystem::path large = folder.Path() / "large.fob";
-  ASSERT_TRUE(WriteWholeFile(large, SampleText() + std::string(4U << 20U, ' '), problem));
-  EXPECT_THAT(ReadConfigurationFile(large, {}, 0).faults[0], HasSubstr(": it is larger than 4 MB"));
+  std::string reason;
+  ASSERT_TRUE(WriteWholeFile(large, SampleText() + std::string(4U << 20U, ' '), reason));
+  EXPECT_THAT(ReadConfigurationFile(large, {}, 0).faults[0].English(),
+              HasSubstr(": it is larger than 4 MB"));
   for (const std::filesystem::path& bad : {parent, folder.Path() / "none.fob", large}) {
     EXPECT_THAT(ReadConfigurationFile(bad, {}, 0).faults, testing::SizeIs(1));
     EXPECT_EQ(ReadNotes(bad), "");

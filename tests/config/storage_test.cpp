@@ -14,23 +14,9 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(StoragePaths, LieBelowTheWorkingFolder) {
-  const std::filesystem::path work = "work";
-  EXPECT_EQ(StorageFolder(work, 0), work / "storage" / "LPG" / "ANYBRAND");
-  EXPECT_EQ(StorageFolder(work, 1, "Opel"), work / "storage" / "CNG" / "Opel");
-  EXPECT_EQ(StorageFolder(work, 2), work / "storage" / "LPG" / "ANYBRAND");
-  EXPECT_EQ(BackupFolder(work), work / "storage" / "backup");
-  std::tm time{};
-  time.tm_year = 126;
-  time.tm_mday = 3;
-  time.tm_sec = 6;
-  EXPECT_EQ(MakeTimestampName(time), "20260103000006_");
-  EXPECT_EQ(MakeTimestampName().size(), 15U);
-}
-
 TEST(StoragePaths, NamesStayInsideTheirFolder) {
   const TemporaryFolder folder;
-  std::string problem;
+  Message problem;
   std::istringstream bad(
       "\n.\n..\n../car\na/b\na\\b\nC:car\n/etc\ncar.\ncar \n "
       "car\na\tb\na\x7F\nwhat?\na*\na|b\n<a>\n"
@@ -44,9 +30,10 @@ TEST(StoragePaths, NamesStayInsideTheirFolder) {
   std::istringstream good("Golf 1.6\na..b\nCOM10\nconsole\n.fob\n\u041B\u0430\u0434\u0430\n");
   for (std::string name; std::getline(good, name);) {
     const auto path = StorageFile(folder.Path(), name, ".fob", problem);
-    ASSERT_TRUE(path) << name << ": " << problem;
+    ASSERT_TRUE(path) << name << ": " << problem.English();
     EXPECT_EQ(PathText(path->filename()), name + ".fob");
-    EXPECT_TRUE(WriteWholeFile(*path, "x", problem)) << problem;
+    std::string reason;
+    EXPECT_TRUE(WriteWholeFile(*path, "x", reason)) << reason;
   }
   EXPECT_EQ(StorageFile("x", "car.FOB", ".fob", problem), std::filesystem::path("x") / "car.FOB");
 }
@@ -85,7 +72,7 @@ TEST(StorageTree, ListsFoldersAndFilesWithTheirNotes) {
   const StorageFiles list = ReadStorageFiles(brand, ".fob");
   ASSERT_EQ(list.files.size(), 3U);
   EXPECT_EQ(list.files[0].name, "A.FOB");
-  EXPECT_THAT(list.files[0].problem, testing::HasSubstr("unterminated"));
+  EXPECT_THAT(list.files[0].problem.English(), testing::HasSubstr("unterminated"));
   EXPECT_EQ(list.files[1].notes, "its notes");
   EXPECT_EQ(list.files[1].size, SampleText("its notes").size());
   EXPECT_EQ(list.files[1].problem, "");

@@ -1,13 +1,8 @@
 #include <gmock/gmock.h>
 
-#include <cmath>
-#include <cstdio>
-#include <random>
-
 #include "app/LoadProcedure.h"
 #include "app/StoreProcedure.h"
 #include "diag/RecordingFile.h"
-#include "diag/ScopeNumbers.h"
 #include "platform/FileSystem.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TemporaryFolder.h"
@@ -124,24 +119,6 @@ TEST(RecordingText, AMillionSamplesAndEveryTruncatedPrefix) {
     EXPECT_NE(read.detail, "") << length;
     EXPECT_EQ(read.traces.channels[0].size(), length >= complete ? 2U : 0U) << length;
   }
-}
-
-TEST(ScopeNumbers, AreWrittenAsTheCLibraryWritesThem) {
-  const auto expect = [](double value) {
-    char expected[400];
-    static_cast<void>(std::snprintf(expected, sizeof expected, "%.2f", value));
-    const std::string written = JoinHundredths({value});
-    ASSERT_EQ(written, expected);
-    ASSERT_EQ(ReadDecimal(written), std::strtod(expected, nullptr));
-  };
-  for (int raw = -200; raw < 65'536; ++raw) expect(raw / 1000.0);
-  for (const double value : {0.125, -0.0, -0.001, 9.995, 4e7, 39'999'999.995, 1e15 + 0.5, 1e300}) {
-    expect(value);
-    expect(std::nextafter(value, 1e308));
-  }
-  std::mt19937_64 chance(3);
-  std::uniform_real_distribution<double> any(-1e6, 1e6);
-  for (int i = 0; i < 10'000; ++i) expect(any(chance));
 }
 
 class RecordingFile : public testing::Test {

@@ -140,11 +140,5 @@ TEST(ErrorPage, AsksFirstAndSaysWhyItDoesNothing) {
   EXPECT_THAT(delete_both(), ElementsAre(one, no_owner, all, no_owner));
 }
 
-TEST(ErrorTexts, ReservedCodesHaveTextsToo) {
-  EXPECT_EQ(ErrorText(1495), "Temporary DTC 14") << "15 has the text of its neighbour";
-  EXPECT_EQ(ErrorText(1559), "Permanent DTC 15");
-  EXPECT_EQ(ErrorText(1464), "");
-}
-
 }  // namespace
 }  // namespace zelorgas

@@ -1,23 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "app/EcuConnection.h"
 #include "firmware/ApplicationStart.h"
 #include "firmware/LinkPreparation.h"
 #include "firmware/UpdateBench.h"
 
 namespace zelorgas {
 namespace {
-
-TEST(ApplicationStart, ComesByItselfAfterADownloadWhateverTheBootloaderWasTold) {
-  const ImageFile image(Bootloader::MakeImage(600, 9));
-  UpdateBench bench;
-  bench.ecu.EnterBootloader();
-  ASSERT_TRUE(bench.FindAgain());
-  ASSERT_EQ(bench.Program(image), FirmwareDownload::Outcome::kDone);
-  EXPECT_TRUE(WaitForApplication(
-      bench.document, {.ignition_needed = [] { ADD_FAILURE() << "it starts by itself"; }}));
-  EXPECT_FALSE(bench.ecu.InBootloader());
-}
 
 TEST(ApplicationStart, ThePersonIsToldOnceWhenTheBootloaderStays) {
   UpdateBench bench;
@@ -43,14 +31,16 @@ TEST(ApplicationStart, ThePersonIsToldOnceWhenTheBootloaderStays) {
   EXPECT_TRUE(WaitForApplication(bench.document, hooks));
 }
 
-TEST(ApplicationStart, AnUpdateFindsItsTargetOnAPortThatWasPluggedInAgain) {
-  UpdateBench bench;
-  EcuIdentity found;
-  bench.line.SetPlugged(false);
-  EXPECT_EQ(FindUpdateTarget(bench.document, found).message, kPortBusy);
-  bench.line.SetPlugged(true);
-  EXPECT_TRUE(FindUpdateTarget(bench.document, found).Ok());
-  EXPECT_EQ(found.serial, 123456U);
+TEST(ApplicationStart, AskingDoesNotHoldABootloaderThatWaitsForAWhile) {
+  UpdateBench bench({.starts_late = true});
+  int slices = 0;
+  // The first question finds the bootloader, a second after the ignition was switched on.
+  const auto stop = [&] {
+    if (++slices == 51) bench.ecu.LosePower();
+    return slices == 600;
+  };
+  EXPECT_TRUE(WaitForApplication(bench.document, {.stop_wanted = stop}));
+  EXPECT_FALSE(bench.ecu.InBootloader());
 }
 
 }  // namespace

@@ -23,14 +23,5 @@ TEST(FirmwareImages, AreListedByVersionTheNewestFirst) {
   fs::remove_all(folder);
 }
 
-TEST(FirmwareImages, AreReadWholeOrNotAtAll) {
-  ImageFile file({1, 2, 0, 255});
-  EXPECT_EQ(ReadFirmwareImage(file.path).bytes, file.content);
-  EXPECT_EQ(ReadFirmwareImage(file.path.string() + "x").problem, kNoImage);
-  EXPECT_EQ(ReadFirmwareImage(testing::TempDir()).problem, kNoImage);
-  fs::resize_file(file.path, kLargestImage + 1);
-  EXPECT_EQ(ReadFirmwareImage(file.path).problem, kImageTooLarge);
-}
-
 }  // namespace
 }  // namespace zelorgas

@@ -16,19 +16,11 @@ TEST(ParameterGroups, HoldEveryParameterOnceWithTheKindOfItsMeaning) {
   std::vector<std::string_view> all;
   for (const Parameter& parameter : Parameters()) {
     all.push_back(parameter.name);
-    const bool flag = parameter.meaning.ends_with("(flag)");
+    const bool flag = parameter.meaning.English().ends_with("(flag)");
     EXPECT_EQ(KindOf(parameter) == ParameterKind::kFlag, flag) << parameter.name;
   }
   for (const ChoiceList list : kChoiceLists) EXPECT_EQ(ListOf(ParameterOf(list)), list);
   EXPECT_THAT(Found(" "), testing::UnorderedElementsAreArray(all));
-}
-
-TEST(ParameterGroups, SearchFindsEveryWordInNameOrMeaning) {
-  using testing::ElementsAre;
-  EXPECT_THAT(Found("nozzle"), ElementsAre("NOZZLEDIAM"));
-  EXPECT_THAT(Found(" map  ZERO "), ElementsAre("MAP0"));
-  EXPECT_THAT(Found("lambda"), ElementsAre("LAMBDA_OXYGENRANGE", "LAMBDA_INVERSE", "L2_INSTALLED"));
-  EXPECT_THAT(Found("frobnicate"), ElementsAre());
 }
 
 }  // namespace

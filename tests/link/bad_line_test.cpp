@@ -13,7 +13,6 @@
 namespace zelorgas {
 namespace {
 
-using std::chrono::milliseconds;
 using Frame = std::vector<std::uint8_t>;
 
 constexpr std::uint16_t kCount = 32;  // the longest read in use: an answer of 139 characters
@@ -108,61 +107,6 @@ TEST_P(BadLine, EveryTruncationIsRefusedAndEverySplitAccepted) {
       EXPECT_EQ(got_, words_);
     }
   }
-}
-
-TEST_P(BadLine, AnswersToSomethingElse) {
-  Frame another_unit = unit_;
-  another_unit[0] = 12;
-  EXPECT_EQ(Read(FrameOf(another_unit)), ModbusResult::kInvalidResponse);
-  Frame another_byte_count = unit_;
-  another_byte_count[2] = 9;
-  EXPECT_EQ(Read(FrameOf(another_byte_count)), ModbusResult::kOk) << "it is not looked at";
-  EXPECT_EQ(Read(FrameOf({unit_.begin(), unit_.end() - 2})), ModbusResult::kInvalidResponse);
-  for (std::uint8_t code = 0; code < 8; ++code) {
-    EXPECT_EQ(Read(FrameOf({ECU_SLAVE_ADDRESS, 0x81, code})), ExceptionResult(code));
-    EXPECT_EQ(Read(FrameOf({ECU_SLAVE_ADDRESS, 0x80, code})), ModbusResult::kInvalidResponse);
-  }
-  EXPECT_EQ(Read(FrameOf({ECU_SLAVE_ADDRESS, 0x83})),
-            Ascii() ? ModbusResult::kInvalidResponse : ModbusResult::kCrcError);
-  ExpectNextIsGood("answers to something else");
-}
-
-TEST_P(BadLine, JunkAroundTheAnswer) {
-  const Frame good = FrameOf(unit_);
-  Frame before = Bytes("xy");
-  before.insert(before.end(), good.begin(), good.end());
-  EXPECT_EQ(Read(before), ModbusResult::kCrcError);
-  // In ASCII the last character is no LF and the frame is taken by its end; RTU knows the length.
-  EXPECT_EQ(Read(LineScript{At(5, good), At(5, "xy")}),
-            Ascii() ? ModbusResult::kCrcError : ModbusResult::kOk);
-  EXPECT_EQ(Read(LineScript{At(5, good), At(40, "xy")}), ModbusResult::kOk) << "comes later";
-  ExpectNextIsGood("junk");
-}
-
-TEST_P(BadLine, ALateOrSecondAnswerIsNotTakenForTheNext) {
-  Frame stale_unit = unit_;
-  stale_unit[4] ^= 0xFFU;
-  const Frame stale = FrameOf(stale_unit);
-  // Anywhere in the failure pause; the next request purges it.
-  for (const int late_ms : {1001, 1500, 1999}) {
-    const int past_read = Ascii() ? 0 : 4;  // RTU waits 1 ms longer for each byte it asked for
-    EXPECT_EQ(Read(LineScript{At(late_ms + past_read, stale)}), ModbusResult::kTimeOut) << late_ms;
-    ExpectNextIsGood("an answer after " + std::to_string(late_ms) + " ms");
-  }
-  EXPECT_EQ(Read(LineScript{At(5, FrameOf(unit_)), At(30, stale)}), ModbusResult::kOk);
-  EXPECT_EQ(got_, words_);
-  clock_.Sleep(milliseconds{50});
-  ExpectNextIsGood("a duplicate");
-}
-
-TEST_P(BadLine, EndlessNoiseEndsInTime) {
-  for (const char* const text : {"U*", ":\n"}) {
-    LineScript noise;
-    for (int i = 0; i < 5000; ++i) noise.push_back(At(i / 2, text));
-    EXPECT_EQ(Read(noise), ModbusResult::kCrcError);
-  }
-  clock_.Sleep(milliseconds{5000});
-  ExpectNextIsGood("noise");
 }
 
 INSTANTIATE_TEST_SUITE_P(Framing, BadLine, testing::Values(FramingMode::kAscii, FramingMode::kRtu),

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "link/AsciiFrame.h"
-#include "link/RtuFrame.h"
 #include "support/ScriptedPort.h"
 
 namespace zelorgas {
@@ -22,22 +21,6 @@ TEST(AsciiFrame, LongerThanTheBufferIsCutButStillChecked) {
   }
   EXPECT_EQ(DecodeAsciiFrame(Bytes(":00\r\n"), unit, length), ModbusResult::kOk);
   EXPECT_EQ(length, 0U);
-}
-
-TEST(RtuFrame, TheExpectedLengthIsABound) {
-  const Unit good{0x0B, 0x03, 0x02, 0xFF, 0xFF, 0x21, 0xF5};
-  for (const std::size_t expected : {5U, 0U, 68U}) {
-    Unit buffer = good;
-    buffer.resize(512);
-    Unit unit(512);
-    std::size_t length = 0;
-    EXPECT_EQ(DecodeRtuFrame(buffer, 7, expected, unit, length), ModbusResult::kOk);
-    unit.resize(length);
-    EXPECT_EQ(unit, Unit(good.begin(), good.end() - 2)) << expected;
-    EXPECT_EQ(DecodeRtuFrame(buffer, 7, 4, unit, length), ModbusResult::kCrcError);
-  }
-  EXPECT_EQ(Crc16(good, 0), 0);
-  EXPECT_EQ(Crc16(good, good.size() + 1), 0);
 }
 
 }  // namespace

@@ -51,33 +51,11 @@ TEST(IniText, AnyTextCanBeAValue) {
   EXPECT_EQ(Set("", "S", "k", "C:\\maps\\x41.fob"), "[S]\nk=C:\\maps\\x41.fob\n");
 }
 
-TEST(IniText, RefusesNamesThatItCouldNotFindAgain) {
-  for (const char* name : {"", " a", "a ", "a\nb", "[a", "a]"}) {
-    EXPECT_EQ(Set("", name, "k", "1"), "refused") << name;
-  }
-  for (const char* name : {"", " a", "a=b", ";a", "#a", "[a]", "a\tb"}) {
-    EXPECT_EQ(Set("", "S", name, "1"), "refused") << name;
-  }
-}
-
 TEST(IniText, KnowsDamage) {
   using namespace std::string_literals;
   for (const std::string& text : {"\0"s, "[S]\nk=1\n\0\0\0\0"s, "[S"s, "[S]\nno value"s, "=1"s,
                                   "k=\x01"s, "a=1\rb=2"s, "\x7f\x45LF\x02\x01"s, "<xml/>"s}) {
     EXPECT_FALSE(IniText::Parse(text)) << text;
-  }
-}
-
-TEST(IniText, CutShortIsDamagedOrKeepsWhatIsThere) {
-  const std::string whole = "; c\n[Settings]\nLanguage=1413\n";
-  for (std::size_t length = 0; length <= whole.size(); ++length) {
-    const std::string cut = whole.substr(0, length);
-    const std::string_view last = std::string_view(cut).substr(cut.rfind('\n') + 1);
-    const bool half_line =
-        last.starts_with('[') ? !last.ends_with(']') : last.starts_with('L') && last.size() < 9;
-    const auto ini = IniText::Parse(cut);
-    ASSERT_EQ(ini.has_value(), !half_line) << cut;
-    EXPECT_EQ(ini.value_or(IniText()).Text().substr(0, length), half_line ? "" : cut);
   }
 }
 

@@ -4,7 +4,6 @@
 #include <string>
 #include <utility>
 
-#include "platform/LineTiming.h"
 #include "platform/PolledSerialDevice.h"
 #include "support/ScriptedPort.h"
 
@@ -67,15 +66,6 @@ TEST(PolledDevice, ReadTimeoutsEndTheReadInTime) {
   }
 }
 
-TEST(PolledDevice, TheIntervalStartsWithTheFirstByteAndASlowHookDoesNotEndIt) {
-  Device device({At(70, "a"), At(80, "b"), At(82, "c")});
-  ASSERT_TRUE(device.line.SetTimeouts({.read_interval = 3, .read_total_constant = 1000}));
-  EXPECT_EQ(device.Read(10), "a");
-  EXPECT_DOUBLE_EQ(device.Ms(), 73);
-  device.line.SetSliceHook([&] { device.clock.Sleep(milliseconds{5}); });
-  EXPECT_EQ(device.Read(10), "bc");
-}
-
 TEST(PolledDevice, WaitForInputEndsWithTheBytesOrTheTime) {
   Device device({At(3, "ab"), At(27, "c")});
   EXPECT_TRUE(device.line.WaitForInput(2, milliseconds{10}));
@@ -129,19 +119,6 @@ TEST(PolledDevice, UnpluggedLineGivesItsLastBytesAndThenFailsAtOnce) {
   EXPECT_EQ(device.looks, looks);
 }
 
-TEST(PolledDevice, SliceHookRunsEveryTenMillisecondsAlsoOnABusyLine) {
-  LineScript busy;
-  for (int ms = 1; ms < 60; ++ms) busy.push_back(At(ms, "x"));
-  Device device(busy);
-  std::vector<double> hook_ms;
-  device.line.SetSliceHook([&] { hook_ms.push_back(device.Ms()); });
-  EXPECT_FALSE(device.line.WaitForInput(100, milliseconds{35}));
-  EXPECT_EQ(device.line.WaitForEvent(milliseconds{20}), LineEvent::kTimeout);
-  ASSERT_TRUE(device.line.SetTimeouts({.read_total_constant = 15}));
-  EXPECT_EQ(device.Read(100).size(), 59U);
-  EXPECT_EQ(hook_ms, (std::vector<double>{10, 20, 30, 45, 55, 65}));
-}
-
 TEST(PolledDevice, EndlessNoiseIsALineErrorAndDoesNotFillTheMemory) {
   LineScript noise;
   for (int ms = 0; ms < 2000; ++ms) noise.push_back(At(ms, std::string(4096, '\xFF')));
@@ -154,25 +131,6 @@ TEST(PolledDevice, EndlessNoiseIsALineErrorAndDoesNotFillTheMemory) {
   }
   device.line.Purge(PurgeScope::kBoth);
   EXPECT_EQ(device.Read(1).size(), 1U);
-}
-
-TEST(LineTiming, AWriteMayTakeItsWireTimeAndTheTimeouts) {
-  EXPECT_EQ(WriteLimit({}, 10, milliseconds{5}), milliseconds{1005});
-  EXPECT_EQ(
-      WriteLimit({.write_total_multiplier = 2, .write_total_constant = 30}, 10, milliseconds{5}),
-      milliseconds{55});
-}
-
-TEST(LineTiming, CharacterHasStartDataParityAndStopBits) {
-  const std::pair<LineSettings, double> cases[] = {
-      {{.baud = 19200, .data_bits = 7, .parity = Parity::kEven}, 10},
-      {{.baud = 9600, .parity = Parity::kOdd, .stop_bits = StopBits::kTwo}, 12},
-      {{.baud = 300, .data_bits = 5, .stop_bits = StopBits::kOneAndHalf}, 7.5},
-  };
-  for (const auto& [settings, bits] : cases) {
-    const std::chrono::duration<double> time = CharacterTime(settings);
-    EXPECT_NEAR(time.count(), bits / settings.baud, 1e-9);
-  }
 }
 
 }  // namespace

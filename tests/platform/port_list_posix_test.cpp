@@ -51,7 +51,6 @@ class Machine : public testing::Test {
 };
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST_F(Machine, UsbAdaptersBearTheirProductTextAndNotTheirHubs) {
   Write("sys/devices/usb1/idVendor", "1d6b\n");
@@ -77,25 +76,6 @@ TEST_F(Machine, OnBoardPortsCountOnlyWithHardware) {
                      root_ / "sys/devices/platform/serial8250/2/driver");
   AddPort("ttyAMA0", "platform/uart");
   EXPECT_THAT(Scan(), ElementsAre("/dev/ttyAMA0|", "/dev/ttyS0|"));
-}
-
-TEST_F(Machine, ConsolesAndPortsWithoutDeviceFileAreLeftOut) {
-  AddNode("tty1");
-  fs::create_directories(root_ / "sys/class/tty/tty1");
-  AddNode("ptmx");
-  AddPort("ttyUSB0", "usb1/1-1");
-  fs::remove(root_ / "dev/ttyUSB0");
-  EXPECT_THAT(Scan(), IsEmpty());
-}
-
-TEST_F(Machine, AdaptersAreFoundWithoutDeviceDescriptions) {
-  fs::remove_all(root_ / "sys");
-  fs::remove_all(root_ / "dev");
-  EXPECT_THAT(Scan(), IsEmpty());
-  for (const char* name : {"ttyUSB1", "rfcomm0", "ttyACM3", "ttyS0", "null", "xttyUSB0"}) {
-    AddNode(name);
-  }
-  EXPECT_THAT(Scan(), ElementsAre("/dev/rfcomm0|", "/dev/ttyACM3|", "/dev/ttyUSB1|"));
 }
 
 }  // namespace

@@ -88,18 +88,6 @@ TEST_F(PtyLine, CarriesEveryByteUnchangedBothWays) {
   EXPECT_EQ(Read(1000), "");
 }
 
-TEST_F(PtyLine, TakesTheSameSettingsAgainAndRefusesUnknownOnes) {
-  EXPECT_TRUE(device_->Configure(kEcuLine));
-  LineSettings settings = kEcuLine;
-  settings.baud = 115200;
-  EXPECT_TRUE(device_->Configure(settings));
-  EXPECT_TRUE(device_->Configure(settings));
-  EXPECT_TRUE(device_->Configure(kEcuLine));
-  settings.baud = 12345;
-  EXPECT_FALSE(device_->Configure(settings));
-  EXPECT_TRUE(device_->SetQueueSizes(1024, 1024));
-}
-
 TEST_F(PtyLine, OpenerRefusesWhatIsNoTerminal) {
   const TemporaryFolder folder;
   const std::string file = folder.Path() / "file";

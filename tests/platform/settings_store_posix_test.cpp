@@ -53,13 +53,6 @@ TEST_F(SettingsFiles, KeepValuesForTheNextStart) {
   EXPECT_THAT(Names(), testing::ElementsAre("ZelorGAS.ini"));
 }
 
-TEST_F(SettingsFiles, IntegersMustBeWholeNumbers) {
-  Write("[S]\na=12x\nb=\nc= 7 \nd=99999999999\ne=0x10\n");
-  const auto store = OpenSettingsFile(file_);
-  EXPECT_EQ(store->ReadInteger("S", "c", 5), 7);
-  for (const char* key : {"a", "b", "d", "e"}) EXPECT_EQ(store->ReadInteger("S", key, 5), 5) << key;
-}
-
 TEST_F(SettingsFiles, AreReplacedWholeAndKeepLinkAndPermissions) {
   const std::string old = "# mine\n[Layout]\nunknown=1\n";
   const fs::path real = root_ / "real.ini";

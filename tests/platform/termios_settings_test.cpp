@@ -59,39 +59,5 @@ TEST(TermiosSettings, LineIsRawAndParityUncheckedExceptForFlowControl) {
   }
 }
 
-TEST(TermiosSettings, WhatNoDriverUnderstandsIsRefused) {
-  const LineSettings refused[] = {
-      {.baud = 0},
-      {.baud = 19201},
-      {.data_bits = 4},
-      {.data_bits = 9},
-      {.parity = static_cast<Parity>(5)},
-      {.stop_bits = StopBits::kOneAndHalf},
-      {.data_bits = 5, .stop_bits = StopBits::kTwo},
-      {.flow_control = kFlowDsrDtr},
-  };
-  for (const LineSettings& settings : refused) {
-    EXPECT_FALSE(WithLineSettings(CookedTerminal(), settings))
-        << settings.baud << ' ' << int{settings.data_bits};
-  }
-}
-
-TEST(TermiosSettings, ReadBackMustBeWhatWasAskedExceptTheBitsOfAPseudoTerminal) {
-  const termios wanted =
-      *WithLineSettings(CookedTerminal(), {.baud = 19200, .data_bits = 7, .parity = Parity::kEven});
-  EXPECT_TRUE(IsSameLine(wanted, wanted, false));
-  termios eight_bits = wanted;
-  eight_bits.c_cflag = (eight_bits.c_cflag & ~tcflag_t{CSIZE | PARENB}) | CS8;
-  EXPECT_FALSE(IsSameLine(wanted, eight_bits, false));
-  EXPECT_TRUE(IsSameLine(wanted, eight_bits, true));
-  for (void (*const change)(termios&) :
-       {+[](termios& t) { cfsetspeed(&t, B9600); }, +[](termios& t) { t.c_lflag |= ICANON; },
-        +[](termios& t) { t.c_iflag |= INPCK; }}) {
-    termios other = wanted;
-    change(other);
-    EXPECT_FALSE(IsSameLine(wanted, other, true));
-  }
-}
-
 }  // namespace
 }  // namespace zelorgas

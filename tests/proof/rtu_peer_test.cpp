@@ -172,18 +172,5 @@ TEST_F(RtuPeer, AllWrites) {
   }
 }
 
-TEST_F(RtuPeer, WhatItsServerRefuses) {
-  ModbusSerialPort port(SystemSerialPorts(*clock_), *clock_);
-  port.SetDataBits(8);
-  port.SetPortName(server_.Path());
-  ASSERT_TRUE(port.Open(0, 19200, 0));
-  port.SetEndTimeout(std::chrono::milliseconds{1});  // no pause between two refusals
-  Words words;
-  ModbusResult result = ModbusResult::kOk;
-  server_.Serve([&] { result = port.ReadHoldingRegisters(ECU_SLAVE_ADDRESS, 999, 2, words); });
-  EXPECT_EQ(result, ExceptionResult(MODBUS_EXCEPTION_ILLEGAL_DATA_ADDRESS));
-  EXPECT_TRUE(words.empty());
-}
-
 }  // namespace
 }  // namespace zelorgas

@@ -78,16 +78,5 @@ TEST(EcuSimProgramTest, ServesItsLinkUntilASignalAndSaysWhatHappened) {
   std::filesystem::remove_all(folder);
 }
 
-TEST(EcuSimProgramTest, AWrongCommandLineGetsTheUsage) {
-  EcuSimProgram wrong("--explode");
-  EXPECT_EQ(wrong.Line(), "zelorgas-ecusim: '--explode' is not an option");
-  EXPECT_EQ(wrong.Line(), "");
-  EXPECT_TRUE(wrong.Line().starts_with("usage: zelorgas-ecusim"));
-  EXPECT_EQ(wrong.ExitStatus(), 2);
-  EcuSimProgram nowhere("--link /nowhere/port");
-  EXPECT_EQ(nowhere.Line(), "zelorgas-ecusim: cannot make the link /nowhere/port");
-  EXPECT_EQ(nowhere.ExitStatus(), 3);
-}
-
 }  // namespace
 }  // namespace zelorgas

@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
-#include <map>
-#include <set>
 #include <utility>
 
 #include "sim/SimulatedEcu.h"
@@ -84,28 +81,6 @@ TEST_F(SimulatedEcuTest, TheFifoGivesWhatHasComeSinceTheReadersPlace) {
   }
 }
 
-TEST_F(SimulatedEcuTest, TheDriveMovesEveryGaugeAndWandersThroughTheMap) {
-  SimulatedEcu ecu(clock_);
-  std::set<std::pair<int, int>> cells;
-  std::array<std::set<int>, 8> record_bytes;
-  std::map<unsigned, std::set<int>> inputs;
-  std::uint8_t pointer = 0;
-  for (int i = 0; i < 3000; ++i) {  // five minutes
-    clock_.Sleep(milliseconds{100});
-    const Unit answer = Fifo(ecu, pointer);
-    pointer = static_cast<std::uint8_t>((pointer + 1) % 8);
-    for (std::size_t byte = 0; byte < 8; ++byte) record_bytes[byte].insert(answer.at(6 + byte));
-    for (const unsigned input : {43U, 71U, 72U, 73U, 74U, 75U}) {
-      inputs[input].insert(Input(ecu, input));
-    }
-    cells.emplace(Input(ecu, 71) / 2000, WordAt(answer, 12) / 600);
-  }
-  EXPECT_GT(cells.size(), 50U);
-  for (const auto& values : record_bytes) EXPECT_GT(values.size(), 3U);
-  for (const auto& [input, values] : inputs) EXPECT_GT(values.size(), 1U) << input;
-  EXPECT_GT(inputs[43].size(), 10U);
-}
-
 TEST_F(SimulatedEcuTest, WhatTheLiveRegistersSayOfAGivenEngine) {
   SimulatedEcu ecu(clock_);
   EngineState engine;
@@ -137,32 +112,6 @@ TEST_F(SimulatedEcuTest, WhatTheLiveRegistersSayOfAGivenEngine) {
   ecu.PinEngine(engine);
   EXPECT_EQ(Input(ecu, 72), 0);
   EXPECT_EQ(Ask(ecu, 1, 36, 1)[3], 0);
-}
-
-TEST_F(SimulatedEcuTest, ASeedIsADriveAndValuesAreThoseOfTheRequestsTime) {
-  SimulatedEcu ecu(clock_, {.seed = 5});
-  SimulatedEcu other(clock_, {.seed = 6});
-  const Clock::TimePoint later = clock_.Now() + std::chrono::seconds{40};
-  const Unit request{11, 4, 0, 71, 0, 16};
-  const Unit ahead = ecu.AnswerAt(request, later).value();
-  EXPECT_NE(ahead, ecu.Answer(request));
-  clock_.SleepUntil(later);
-  EXPECT_EQ(ahead, ecu.Answer(request));
-  EXPECT_NE(ahead, other.Answer(request));
-}
-
-TEST_F(SimulatedEcuTest, TheBootloaderHasAMapOfItsOwn) {
-  SimulatedEcu ecu(clock_, {.software_minor = 38, .in_bootloader = true});
-  for (const Unit& request :
-       {Unit{11, 3, 1, 0, 0, 1}, Unit{11, 3, 0, 131, 0, 2}, Unit{11, 4, 0, 32, 0, 1},
-        Unit{11, 2, 0, 4, 0, 2}, Unit{11, 5, 0, 13, 0xFF, 0}, Unit{11, 24, 0, 0}}) {
-    const Unit refused{11, static_cast<std::uint8_t>(request[1] | 0x80U), 2};
-    EXPECT_EQ(ecu.Answer(request), refused) << testing::PrintToString(request);
-  }
-  EXPECT_EQ(Ask(ecu, 3, 0, 100)[1], 3);
-  EXPECT_EQ(Ask(ecu, 5, 2, 0xFF00)[1], 5);
-  ecu.Restart();
-  EXPECT_EQ(Ask(ecu, 3, 256, 1)[1], 3) << "its application is whole and starts";
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
 #include <memory>
 
 #include "config/BlockTransfer.h"
@@ -11,8 +10,6 @@
 
 namespace zelorgas {
 namespace {
-
-using std::chrono::milliseconds;
 
 constexpr double kCharacterMs = 10.0 * 1000.0 / 19200.0;
 
@@ -61,51 +58,6 @@ TEST_F(SimulatedLineTest, AtThePaceOf19200BaudEveryCharacterHasItsTime) {
   // What is sent while the line is busy waits its turn.
   line.Transmit(Bytes("x"));
   EXPECT_NEAR(Milliseconds(line.Transmit(Bytes("y")) - clock_.Now()), 2 * kCharacterMs, 1e-4);
-}
-
-TEST_F(SimulatedLineTest, UnpacedEverythingIsThereAtOnce) {
-  SimulatedLine line(ecu_, clock_, {.echo = false, .paced = false});
-  line.Transmit(Bytes("junk:0B03:0B0301000001F0\r\n"));
-  std::vector<std::uint8_t> received;
-  line.Collect(received);
-  EXPECT_EQ(Text(received).substr(0, 7), ":0B0302") << "a colon begins a frame anew";
-  received.clear();
-  line.Transmit(Bytes(":0B0301000001F1\r\n"));
-  EXPECT_EQ(line.Collect(received), 0U) << "a request with a wrong check is not answered";
-}
-
-TEST_F(SimulatedLineTest, RtuIsRecognisedByItsFirstByteAndEndsInSilence) {
-  const std::vector<std::uint8_t> request{0x0B, 0x03, 0x01, 0x00, 0x00, 0x20, 0x45, 0x44};
-  for (const bool paced : {true, false}) {
-    SimulatedLine line(ecu_, clock_, {.echo = false, .paced = paced});
-    line.Transmit(request);
-    EXPECT_EQ(
-        line.LastArrivalWithin(Clock::Duration{0}).value() - clock_.Now(),
-        paced ? Clock::Duration(std::chrono::seconds{10}) / 19200 * (8 + 69) : Clock::Duration{0})
-        << "a reader that ends a frame by silence gets it in one piece";
-    EXPECT_EQ(Drain(line, clock_).size(), 69U);
-    line.Transmit(std::span(request).first(5));
-    clock_.Sleep(milliseconds{7});
-    line.Transmit(request);
-    EXPECT_EQ(Drain(line, clock_).size(), 69U) << "the first half was given up";
-    line.Transmit(Bytes(":0B03"));
-    clock_.Sleep(std::chrono::seconds{2});
-    line.Transmit(request);
-    EXPECT_EQ(Drain(line, clock_).size(), 69U) << "so was half an ASCII frame";
-    line.Transmit(std::vector<std::uint8_t>{0x0B, 0x06, 0x01, 0x00, 0x12, 0x34, 0x00, 0x00});
-    EXPECT_EQ(Drain(line, clock_), "") << "a wrong CRC";
-    EXPECT_NE(ecu_.Register(256), 0x1234);
-  }
-}
-
-TEST_F(SimulatedLineTest, AnAnswerWaitsForTheEcuAndForTheAnswerBeforeIt) {
-  SimulatedLine line(ecu_, clock_, {.echo = false, .answer_delay = milliseconds{30}});
-  line.ArmFault({FaultKind::kDelay, 100});
-  line.Transmit(Bytes(":0B0301000001F0\r\n"));
-  line.Transmit(Bytes(":0B0301040001EC\r\n"));
-  const std::string both = Drain(line, clock_);
-  EXPECT_EQ(both, ":0B03020014DC\r\n:0B0302000AE6\r\n");
-  EXPECT_NEAR(clock_.ElapsedMs(), 130 + (17 + 15 + 15) * kCharacterMs, 1e-3);
 }
 
 // What comes back for a read of register 256, which holds 20, what the program's own transport
@@ -170,61 +122,6 @@ TEST_F(SimulatedLineTest, WhatEachFaultDoes) {
     EXPECT_EQ(words.front(), 20);
     EXPECT_EQ(line.FaultCount(), static_cast<std::size_t>(&c - cases) + 1);
   }
-}
-
-TEST_F(SimulatedLineTest, PowerCanGoBeforeARequestOrAfterIt) {
-  SimulatedLine line(ecu_, clock_, {.echo = false});
-  for (const unsigned characters : {0U, 9U}) {
-    ecu_.SetCoil(43, false);
-    line.ArmFault({FaultKind::kPowerLoss, characters});
-    line.Transmit(Bytes(":0B0601000007E7\r\n"));
-    EXPECT_EQ(Drain(line, clock_).size(), characters);
-    EXPECT_EQ(ecu_.Register(256), characters == 0 ? 20 : 7);
-    EXPECT_TRUE(ecu_.Coil(43)) << "it has restarted";
-  }
-}
-
-TEST_F(SimulatedLineTest, PulledOutAndPutBack) {
-  SimulatedLine line(ecu_, clock_);
-  const SerialOpener open = SimulatedPort(line, clock_);
-  std::unique_ptr<ModbusSerialPort> port = OpenPort(open);
-  EXPECT_EQ(open("COM1"), nullptr) << "in use";
-  line.ArmFault({FaultKind::kUnplug});
-  EXPECT_EQ(port->WriteSingleRegister(ECU_SLAVE_ADDRESS, 256, 1), ModbusResult::kReadError);
-  EXPECT_EQ(port->WriteSingleRegister(ECU_SLAVE_ADDRESS, 256, 2), ModbusResult::kWriteError);
-  EXPECT_FALSE(port->Open(1, 19200, 2));
-  line.SetPlugged(true);
-  ASSERT_TRUE(port->Open(1, 19200, 2));
-  EXPECT_EQ(port->WriteSingleRegister(ECU_SLAVE_ADDRESS, 256, 3), ModbusResult::kOk);
-  EXPECT_EQ(ecu_.Register(256), 3);
-
-  // In the middle of the answer: what has come can be read.
-  port.reset();
-  const std::unique_ptr<SerialDevice> device = open("");
-  line.ArmFault({FaultKind::kUnplug, 6});
-  ASSERT_TRUE(device->Write(Bytes(":0B0301000001F0\r\n")));
-  EXPECT_TRUE(device->WaitForInput(17 + 6, std::chrono::seconds{1}));
-  std::array<std::uint8_t, 17 + 6> bytes{};
-  EXPECT_EQ(device->Read(bytes), bytes.size());
-  EXPECT_EQ(device->WaitForEvent(std::chrono::seconds{1}), LineEvent::kFailed);
-}
-
-TEST(LineFaults, TheSameSeedGivesTheSameFaults) {
-  const auto run = [](std::uint64_t seed) {
-    LineFaults faults(seed);
-    EXPECT_TRUE(faults.Add("drop:p0.1"));
-    EXPECT_TRUE(faults.Add("delay=7:every10"));
-    std::string text;
-    for (std::uint64_t request = 1; request <= 200; ++request) {
-      const std::optional<Fault> fault = faults.ForRequest(request);
-      text += !fault ? '.' : fault->kind == FaultKind::kDropAnswer ? 'x' : 'd';
-    }
-    EXPECT_NEAR(static_cast<double>(std::ranges::count(text, 'x')), 20, 15);
-    EXPECT_NE(text[9], '.');
-    return text;
-  };
-  EXPECT_EQ(run(5), run(5));
-  EXPECT_NE(run(5), run(6));
 }
 
 }  // namespace

@@ -20,16 +20,18 @@ class ScriptedBoxes final : public MessageBoxes {
   std::vector<std::string> informed;   // the messages alone
   std::vector<std::string> statuses;   // the status line
 
-  void Inform(std::string_view text, MessageIcon icon) override {
+  void Inform(const Message& message, MessageIcon icon) override {
+    const std::string text = message.English();
     said.push_back((icon == MessageIcon::kError ? "error: " : "note: ") + std::string(text));
     informed.emplace_back(text);
   }
-  bool Ask(std::string_view text) override {
+  bool Ask(const Message& message) override {
+    const std::string text = message.English();
     said.push_back("question: " + std::string(text));
     if (while_asking) while_asking();
     return answer && (declined.empty() || text.find(declined) == std::string_view::npos);
   }
-  void Status(std::string_view text) override { statuses.emplace_back(text); }
+  void Status(const Message& text) override { statuses.push_back(text.English()); }
 
   [[nodiscard]] bool HasStatus(std::string_view text) const {
     return std::ranges::find(statuses, text) != statuses.end();

@@ -156,18 +156,6 @@ TEST(ConfigurationPage, SensorsSetTheScaleOfWhatTheyMeasure) {
   EXPECT_EQ(page.bench.Find<QProgressBar>("lambda1_now").maximum(), 1200);
 }
 
-TEST(ConfigurationPage, SaysWhatIsMissingUntilAllIsThere) {
-  ConfigurationPage page("Vehicle");
-  const auto missing = [&] { return page.bench.Text("completeness"); };
-  page.Type(page.Field("vehicle_make"), " ");
-  page.Type(page.Field("vehicle_model"), "Wagon");
-  page.Type(page.Field("engine_code"), "K7J");
-  page.Type(page.Field("engine_size_cc"), "1390");
-  EXPECT_EQ(missing(), "The configuration lacks:\n\u2022 vehicle make");
-  page.Type(page.Field("vehicle_make"), "Kestrel");
-  EXPECT_EQ(missing(), "The configuration is complete.");
-}
-
 TEST(ConfigurationPage, ShowsEveryParameterInItsGroupOrWhatTheSearchFinds) {
   ConfigurationPage page("Vehicle");
   const auto& groups = page.bench.Find<QListWidget>("configuration_groups");

@@ -31,25 +31,6 @@ TEST(Window, ConnectsShowsTheEcuAndItsLiveValuesMove) {
   EXPECT_EQ(bench.settings.Port(), "") << "next time the person means the car's port";
 }
 
-TEST(Window, DisconnectingLeavesNothingBehind) {
-  FastClock clock;
-  UiBench bench(clock);
-  ASSERT_TRUE(bench.Connect());
-  bench.Click("connect_button");
-  EXPECT_EQ(bench.Text("communication_state"), UiBench::kNotConnected);
-  EXPECT_FALSE(bench.document.HasWorker());
-  EXPECT_FALSE(bench.document.Link().IsOpen());
-  EXPECT_EQ(bench.Find<QPushButton>("connect_button").text(), "Connect");
-  for (const char* const field : {"ecu_vendor", "ecu_product", "ecu_revision", "ecu_software",
-                                  "ecu_hardware", "ecu_serial", "ecu_board", "status_serial"}) {
-    EXPECT_EQ(bench.Text(field), UiBench::kDashes) << field;
-  }
-  for (const CValueTile* const tile : bench.frame->findChildren<CValueTile*>()) {
-    EXPECT_EQ(tile->Value(), UiBench::kDashes) << tile->objectName().toStdString();
-  }
-  EXPECT_TRUE(bench.Connect()) << "connecting again";
-}
-
 TEST(Window, APulledPlugDisablesThePagesAndHealsByItself) {
   FastClock clock;
   UiBench bench(clock);
@@ -200,18 +181,6 @@ TEST(Window, ClosingItDisconnectsAndRemembersItsPlace) {
   bench.frame = std::make_unique<CMainFrame>(bench.context);
   EXPECT_EQ(bench.frame->size(), QSize(1010, 707));
   EXPECT_TRUE(bench.Find<QAction>("cylinders_action").isChecked());
-}
-
-TEST(Window, ClosingItDuringAProcedureWaitsForItsEnd) {
-  VirtualClock clock;
-  UiBench bench(clock);
-  bench.simulated.SetEcuUnplugged(true);
-  QTimer::singleShot(0, [&] {
-    bench.frame->close();
-    EXPECT_TRUE(bench.frame->isVisible());
-  });
-  bench.Click("connect_button");
-  EXPECT_TRUE(UiBench::WaitFor([&] { return !bench.frame->isVisible(); }));
 }
 
 }  // namespace

@@ -73,19 +73,6 @@ TEST(ErrorsPage, ShowsWhatWasReadWithTheConnection) {
             QRect(601, 2, 395, 491));
 }
 
-TEST(ErrorsPage, AnAdapterPluggedInAgainBringsTheErrorsAnew) {
-  ErrorsPage page;
-  page.bench.Find<QAction>("unplug_adapter_action").trigger();
-  EXPECT_TRUE(UiBench::WaitFor([&] { return page.bench.document.Link().PortLost(); }));
-  page.bench.simulated.Ecu().SetErrorCount(true, 3, 9);
-  page.bench.Find<QAction>("unplug_adapter_action").trigger();
-  EXPECT_TRUE(UiBench::WaitFor([&] {
-    return page.Entries("permanent_error_list") ==
-           std::vector{std::string(" 009  Permanent DTC 03")};
-  }));
-  EXPECT_THAT(page.bench.boxes.said, testing::IsEmpty());
-}
-
 TEST(ErrorsPage, DeletesTheSelectedErrorInTheEcu) {
   ErrorsPage page;
   page.bench.boxes.answer = true;
@@ -103,23 +90,6 @@ TEST(ErrorsPage, DeletesTheSelectedErrorInTheEcu) {
   EXPECT_EQ(page.bench.simulated.Ecu().ErrorCount(true, 3), 0);
   EXPECT_FALSE(page.Highlighted("Permanent"));
   EXPECT_EQ(page.bench.Text("permanent_errors_empty"), "There are no errors.");
-}
-
-TEST(ErrorsPage, DeletesAllAndReadsAgain) {
-  ErrorsPage page;
-  page.bench.boxes.answer = true;
-  page.bench.Click("delete_all_errors_button");
-  EXPECT_TRUE(page.Entries("temporary_error_list").empty());
-  EXPECT_FALSE(page.Highlighted("Permanent"));
-  EXPECT_FALSE(page.Marked(page.bench.Find<QTabWidget>("tabs"), "Errors"));
-
-  page.bench.simulated.Ecu().SetErrorCount(false, 0, 65535);
-  page.bench.Click("refresh_errors_button");
-  EXPECT_THAT(page.Entries("temporary_error_list"), ElementsAre(" 65535Low GAS Pressure"));
-  page.bench.simulated.SetEcuUnplugged(true);
-  page.bench.Click("refresh_errors_button");
-  EXPECT_EQ(page.bench.boxes.said.back(), "error: Time Out Error");
-  EXPECT_EQ(page.bench.Text("temporary_errors_empty"), "The errors have not been read.");
 }
 
 }  // namespace

@@ -86,7 +86,14 @@ TEST_F(FilesPage, StoresFindsComparesAndLoads) {
   ASSERT_EQ(table.topLevelItemCount(), 1);
   EXPECT_EQ(table.topLevelItem(0)->text(2), "1.99");
 
+  bench_.OpenTab("Correction grid");
+  bench_.Find<QAction>("step_up_action").trigger();
+  const auto& undo = bench_.Find<QAction>("undo_action");
+  EXPECT_TRUE(UiBench::WaitFor([&] { return undo.isEnabled(); }));
+  bench_.OpenTab("Files");
   bench_.Click("files_load");
+  bench_.OpenTab("Correction grid");
+  EXPECT_FALSE(undo.isEnabled()) << "of another configuration";
   EXPECT_THAT(bench_.boxes.said, Contains("question: " + std::string(kLoadQuestion)));
   EXPECT_THAT(bench_.boxes.said, Contains("note: " + std::string(kConfigurationLoaded)));
   EXPECT_EQ(bench_.simulated.Ecu().Register(374), before);
@@ -94,38 +101,17 @@ TEST_F(FilesPage, StoresFindsComparesAndLoads) {
   EXPECT_FALSE(std::filesystem::is_empty(BackupFolder(folder_.Path())));
 }
 
-TEST_F(FilesPage, AFileIsStoredAnewWhereItLies) {
-  const auto root = StorageRoot(folder_.Path());
-  Settings settings(bench_.store);
-  settings.SetSaveFile(true);
-  for (const std::filesystem::path folder : {"LPG/Opel/Astra", "backup", "CNG/Opel", "CNG", ""}) {
-    CStoreDlg dialog(settings, folder_.Path(), nullptr);
-    dialog.StartWith(root / folder / "car.FOB", "notes");
-    EXPECT_EQ(dialog.File(), root / folder / "car.FOB");
-  }
-}
-
-TEST_F(FilesPage, ANameThatLeavesTheStorageCannotBeStored) {
-  ASSERT_TRUE(bench_.Connect());
-  Open();
-  for (const char* const name : {"../up", "a/b", "CON", ""}) {
-    FillNextStoreDialog(name, "");
-    bench_.Click("files_store");
-  }
-  EXPECT_FALSE(std::filesystem::exists(StorageRoot(folder_.Path())));
-}
-
 TEST_F(FilesPage, FilesAreOpenedFromAnywhereAndWithoutAnEcu) {
   const auto file = folder_.Path() / "elsewhere.fob";
-  std::string problem;
-  ASSERT_TRUE(WriteConfigurationFile(file, {}, 0, "from a stick", problem)) << problem;
+  Message problem;
+  ASSERT_TRUE(WriteConfigurationFile(file, {}, 0, "from a stick", problem)) << problem.English();
   ASSERT_TRUE(bench_.frame->OpenDocument(file.string()));
   EXPECT_EQ(bench_.Find<QPlainTextEdit>("file_notes").toPlainText(), "from a stick");
   EXPECT_FALSE(bench_.Find<QPushButton>("files_load").isEnabled());
   EXPECT_EQ(bench_.frame->windowTitle(), "ZELOR GASECU - [elsewhere.fob]");
 
   const auto dropped = folder_.Path() / "dropped.fob";
-  ASSERT_TRUE(WriteConfigurationFile(dropped, {}, 0, "by mouse", problem)) << problem;
+  ASSERT_TRUE(WriteConfigurationFile(dropped, {}, 0, "by mouse", problem)) << problem.English();
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(QString::fromStdString(dropped.string()))});
   QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);

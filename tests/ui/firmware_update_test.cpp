@@ -15,7 +15,6 @@
 #include "config/StoragePaths.h"
 #include "firmware/LinkPreparation.h"
 #include "sim/SimulatedPort.h"
-#include "support/ConnectedDocument.h"
 #include "ui/CBootDlg.h"
 #include "ui/FastClock.h"
 #include "ui/UiBench.h"
@@ -25,7 +24,7 @@ namespace {
 
 constexpr const char* kStart = "firmware_action";
 constexpr const char* kBackups = "FirmwareBackups";
-constexpr const char* kThisEcu = "ECU123456";
+constexpr const char* kThisEcu = "SimulatedECU123456";
 
 // Runs `person` once a dialog is open; closes the dialog when that has not happened until then.
 void InDialog(QTimer& timer, std::function<void(CBootDlg&)> person) {
@@ -207,31 +206,10 @@ TEST_F(FirmwareUpdateWindow, ErasesNothingWithoutAnImageOrAYes) {
   EXPECT_FALSE(bench.simulated.Ecu().InBootloader());
 }
 
-TEST_F(FirmwareUpdateWindow, ARefusalThatTouchedNothingLeavesThePersonWhereHeWas) {
-  ASSERT_TRUE(bench.Connect());
-  bench.simulated.Ecu().WithBootloader([](Bootloader& boot) { boot.SetNoSupply(true); });
-  InDialog(timer, [&](CBootDlg& dialog) {
-    Program();
-    ASSERT_TRUE(UiBench::WaitFor([&] { return bench.Find<QWidget>("boot_program").isEnabled(); }));
-    EXPECT_TRUE(Said("note: Error, no VDD on FLMD0 pin!"));
-    EXPECT_EQ(bench.Text("boot_hint"), "Nothing has been erased.");
-    EXPECT_EQ(dialog.End(), FirmwareUpdate::End::kUntouched);
-    // Another ECU is plugged in while the question stands there.
-    bench.simulated.Line().SetReportSink([this](const SimulatedLine::RequestReport&) {
-      bench.simulated.Ecu().SetSerial(bench.boxes.said.back().starts_with("question") ? 2 : 1);
-    });
-    Program();
-    ASSERT_TRUE(WaitForEnd());
-    EXPECT_TRUE(Said(kAnotherTarget));
-    bench.simulated.Line().SetReportSink({});
-  });
-  bench.Find<QAction>(kStart).trigger();
-  EXPECT_EQ(bench.control.CurrentState(), CEcuControl::State::kConnected);
-  EXPECT_EQ(bench.store.ReadString(kBackups, kThisEcu, ""), "") << "there is nothing to offer";
-}
-
 TEST_F(FirmwareUpdateWindow, WhatTheEcuHeldIsOfferedStillWhenTheUpdateWasFinishedInALaterRun) {
   ASSERT_TRUE(bench.Connect());
+  bench.document.SelectRoutingMap(1);
+  bench.store.WriteString(kBackups, kThisEcu, "0|/nowhere/gone.fob");
   InDialog(timer, [&](CBootDlg&) {
     bench.Click("boot_erase");
     ASSERT_TRUE(WaitForEnd());
@@ -243,25 +221,22 @@ TEST_F(FirmwareUpdateWindow, WhatTheEcuHeldIsOfferedStillWhenTheUpdateWasFinishe
   });
   bench.Find<QAction>(kStart).trigger();
   EXPECT_EQ(bench.control.CurrentState(), CEcuControl::State::kDisconnected);
-  const std::string file = bench.store.ReadString(kBackups, kThisEcu, "");
-  EXPECT_NE(file, "");
+  const std::string kept = bench.store.ReadString(kBackups, kThisEcu, "");
+  ASSERT_TRUE(kept.starts_with("1|")) << kept;
+  const std::string file = kept.substr(2);
+  EXPECT_TRUE(std::filesystem::exists(file)) << file;
+  UiBench closed(clock);
+  closed.store.WriteString(kBackups, kThisEcu, kept);
+  closed.boxes.while_asking = [&closed] { closed.frame->close(); };
+  closed.Click("connect_button");
+  ASSERT_TRUE(UiBench::WaitFor([&] { return !closed.frame->isVisible(); }));
+  EXPECT_EQ(closed.store.ReadString(kBackups, kThisEcu, ""), kept) << "nobody has said no";
   UiBench later(clock);
-  later.store.WriteString(kBackups, kThisEcu, file);
+  later.store.WriteString(kBackups, kThisEcu, kept);
   ASSERT_TRUE(later.Connect());
   ASSERT_TRUE(
       UiBench::WaitFor([&] { return later.store.ReadString(kBackups, kThisEcu, "").empty(); }));
   EXPECT_NE(later.boxes.said.back().find(file), std::string::npos) << "declined";
-}
-
-TEST_F(FirmwareUpdateWindow, OffersADemoImageToTheSimulatedEcuOnly) {
-  ConnectedDocument car;
-  CFirmwareUpdate update(car.document, bench.boxes, bench.store, bench.folder.Path());
-  car.document.Link().SetPortName("/dev/ttyUSB7");
-  InDialog(timer, [](CBootDlg& dialog) {
-    EXPECT_EQ(dialog.findChild<QComboBox*>("boot_versions")->count(), 0);
-  });
-  EXPECT_EQ(update.Start(false), FirmwareUpdate::End::kUntouched);
-  EXPECT_FALSE(timer.isActive()) << "the dialog has opened";
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QCheckBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <numeric>
@@ -8,7 +7,6 @@
 #include "diag/RecordingFile.h"
 #include "support/TemporaryFolder.h"
 #include "ui/CTabDiagnostics.h"
-#include "ui/CTimeSpin.h"
 #include "ui/FastClock.h"
 #include "ui/ScopePoints.h"
 #include "ui/UiBench.h"
@@ -74,24 +72,6 @@ TEST(OscilloscopePage, RecordsWhileHiddenStopsAndReadsOut) {
     QTest::keyClick(&plot, key, modifiers);
     EXPECT_EQ(bench.Text("scope_place"), place);
   }
-}
-
-TEST(OscilloscopePage, SpanAndChannelsAreThePersons) {
-  FastClock clock;
-  UiBench bench(clock);
-  OpenScope(bench);
-  auto& span = bench.Find<CTimeSpin>("scope_span");
-  EXPECT_EQ(span.text(), "40 s");
-  span.stepBy(-20);
-  EXPECT_EQ(span.text(), "2.5 s");
-
-  bench.Click("scope_tgas");
-  EXPECT_EQ(bench.store.ReadInteger("Settings", "Tgas", 7), 0);
-  bench.frame.reset();
-  bench.frame = std::make_unique<CMainFrame>(bench.context);
-  OpenScope(bench);
-  EXPECT_FALSE(bench.Find<QCheckBox>("scope_tgas").isChecked());
-  EXPECT_TRUE(bench.Find<QCheckBox>("scope_rpm").isChecked());
 }
 
 TEST(OscilloscopePage, ARecordingIsSavedLoadedAndNotLostByAccident) {

@@ -4,14 +4,11 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
-#include <QDir>
 #include <QLineEdit>
-#include <QTemporaryFile>
 #include <thread>
 
 #include "support/VirtualClock.h"
 #include "ui/FastClock.h"
-#include "ui/LanguageTexts.h"
 #include "ui/UiBench.h"
 
 namespace zelorgas {
@@ -72,56 +69,6 @@ TEST(StartPage, ChoosingALanguageStoresItSaysSoAndRestarts) {
   EXPECT_THAT(bench.boxes.informed, ElementsAre(std::string(kLanguageNotice)));
   EXPECT_TRUE(bench.frame->RestartWanted());
   EXPECT_FALSE(bench.frame->isVisible());
-}
-
-TEST(LanguageTexts, AMissingLibraryIsSilent) {
-  EXPECT_FALSE(LanguageTexts().Load("ZelorGas_there_is_no_such_library"));
-}
-
-TEST(LiveStrip, DoesNotPaintWhileHidden) {
-  FastClock clock;
-  UiBench bench(clock);
-  ASSERT_TRUE(bench.Connect());
-  auto& strip = bench.Find<QWidget>("live_strip");
-  strip.hide();
-  const std::string speed = bench.Live("live_engine_speed");
-  const auto moved = [&] {
-    return std::to_string(bench.document.Snapshot().record.EngineSpeed()) != speed;
-  };
-  ASSERT_TRUE(UiBench::WaitFor(moved));
-  EXPECT_EQ(bench.Live("live_engine_speed"), speed);
-  strip.show();
-  EXPECT_TRUE(UiBench::WaitFor([&] { return bench.Live("live_engine_speed") != speed; }));
-}
-
-TEST(LiveStrip, CylindersAreReadOnlyWhileShown) {
-  FastClock clock;
-  UiBench bench(clock);
-  ASSERT_TRUE(bench.Connect());
-  EXPECT_FALSE(bench.document.ExtraChannels());
-  bench.Find<QAction>("cylinders_action").trigger();
-  EXPECT_TRUE(UiBench::WaitFor([&] {
-    const std::string time = bench.Live("live_petrol_cylinder1");
-    return time != UiBench::kDashes && time != "0.00";
-  }));
-  bench.Find<QAction>("cylinders_action").trigger();
-  EXPECT_FALSE(bench.document.ExtraChannels());
-}
-
-TEST(MainFrame, OpensADocumentAndListsItAmongTheRecentFiles) {
-  VirtualClock clock;
-  UiBench bench(clock);
-  QTemporaryFile file(QDir::tempPath() + "/car-XXXXXX.fob");
-  ASSERT_TRUE(file.open());
-  const std::string path = file.fileName().toStdString();
-  EXPECT_FALSE(bench.frame->OpenDocument(path + "x"));
-  EXPECT_THAT(bench.boxes.informed, ElementsAre(path + "x was not found."));
-  EXPECT_TRUE(bench.recent_files.Files().empty());
-
-  EXPECT_TRUE(bench.frame->OpenDocument(path));
-  EXPECT_EQ(bench.frame->windowTitle(),
-            "ZELOR GASECU - [" + QFileInfo(file.fileName()).fileName() + "]");
-  EXPECT_THAT(bench.recent_files.Files(), ElementsAre(path));
 }
 
 // A screen reader says the accessible name; tests and scripts go by the object name.

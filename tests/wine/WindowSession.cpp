@@ -27,7 +27,6 @@
 namespace zelorgas {
 namespace {
 
-using testing::Contains;
 using testing::HasSubstr;
 
 // Says OK or Yes to every message box, as soon as it is there, and keeps what it said.
