@@ -106,7 +106,7 @@ Section
   !insertmacro StopWhileRunning
   SetOutPath "$INSTDIR"
   File "${STAGE}\*.exe"
-  File /nonfatal "${STAGE}\ZelorGas_bg.dll"
+  File "${STAGE}\ZelorGas_bg.dll"
   SetOutPath "$INSTDIR\licences"
   File "${STAGE}\licences\*.txt"
   WriteUninstaller "$INSTDIR\uninstall.exe"

@@ -24,6 +24,7 @@ class FixedText {
   [[nodiscard]] constexpr std::string_view English() const { return english_; }
   // NOLINTNEXTLINE(google-explicit-constructor): where nobody translates, it is its English text
   constexpr operator std::string_view() const { return english_; }
+  // NOLINTNEXTLINE(readability-identifier-naming): as the standard's strings have it
   [[nodiscard]] constexpr bool empty() const { return english_.empty(); }
 
   friend constexpr bool operator==(FixedText a, FixedText b) { return a.english_ == b.english_; }
@@ -43,8 +44,8 @@ class Message {
   Message() = default;
   // The text with its places taken by the values: messages, fixed texts, whole numbers, or words
   // that are the same in every language, such as a file's name.
-  // NOLINTNEXTLINE(google-explicit-constructor): every fixed text is a message
   template <typename... Values>
+  // NOLINTNEXTLINE(google-explicit-constructor): every fixed text is a message
   Message(FixedText text, const Values&... values) : text_(text), pieces_{AsValue(values)...} {}
   // Words that are the same in every language, or come from elsewhere: the system's own, a file's.
   [[nodiscard]] static Message Verbatim(std::string words);
@@ -52,6 +53,7 @@ class Message {
   // Puts `next` behind it; and between the two, when there is something before it, `separator`.
   void Append(std::string_view separator, Message next);
 
+  // NOLINTNEXTLINE(readability-identifier-naming): as the standard's strings have it
   [[nodiscard]] bool empty() const { return text_.empty() && verbatim_.empty() && pieces_.empty(); }
   // The words in the language of `translate`, which gives a fixed text in that language.
   using Translation = std::function<std::string(FixedText)>;

@@ -4,7 +4,7 @@
 <context>
     <name>FixedText</name>
     <message>
-        <source>Couldn't get target application info!</source>
+        <source>Couldn&apos;t get target application info!</source>
         <translation>Данните за програмата на контролера не могат да бъдат прочетени!</translation>
     </message>
     <message>
@@ -439,7 +439,7 @@ ECU: %1</source>
         <translation>Налягане в колектора</translation>
     </message>
     <message>
-        <source>Gas pressure above the manifold's</source>
+        <source>Gas pressure above the manifold&apos;s</source>
         <translation>Налягане на газа над това в колектора</translation>
     </message>
     <message>
@@ -885,7 +885,7 @@ Register %3</source>
 Регистър %3</translation>
     </message>
     <message>
-        <source>%1 cannot be "%2": %3.</source>
+        <source>%1 cannot be &quot;%2&quot;: %3.</source>
         <translation>%1 не може да бъде „%2“: %3.</translation>
     </message>
 </context>
@@ -1018,7 +1018,7 @@ The firmware update offers it for the simulated ECU only.</source>
         <translation>Запазване на конфигурацията</translation>
     </message>
     <message>
-        <source>The folder of the car's make; it is created where it does not exist</source>
+        <source>The folder of the car&apos;s make; it is created where it does not exist</source>
         <translation>Папката на марката автомобил; създава се, ако я няма</translation>
     </message>
     <message>
@@ -1124,7 +1124,7 @@ Register %3</source>
         <translation>Търсене в параметрите</translation>
     </message>
     <message>
-        <source>Words of a parameter's name or meaning (Ctrl+F)</source>
+        <source>Words of a parameter&apos;s name or meaning (Ctrl+F)</source>
         <translation>Думи от името или значението на параметър (Ctrl+F)</translation>
     </message>
     <message>
@@ -1393,7 +1393,7 @@ Register %3</source>
         <translation>Запазва конфигурацията на контролера във файл</translation>
     </message>
     <message>
-        <source>Writes the file's configuration into the ECU. What the ECU holds is stored in the folder "backup" before.</source>
+        <source>Writes the file&apos;s configuration into the ECU. What the ECU holds is stored in the folder &quot;backup&quot; before.</source>
         <translation>Записва конфигурацията от файла в контролера. Преди това съдържанието на контролера се запазва в папката „backup“.</translation>
     </message>
     <message>
@@ -1711,7 +1711,7 @@ Register %2</source>
         <translation>Карта %1</translation>
     </message>
     <message>
-        <source>Which of the ECU's injector routing maps a stored file carries</source>
+        <source>Which of the ECU&apos;s injector routing maps a stored file carries</source>
         <translation>Коя от картите на инжекторите в контролера съдържа запазеният файл</translation>
     </message>
 </context>
@@ -1784,7 +1784,7 @@ Please download the latest firmware version to have a possibility to use new fea
 Моля, запишете последната версия на фърмуера, за да използвате новите възможности.</translation>
     </message>
     <message>
-        <source>Current firmware version is "%1" while this configuration utility requires at least version "%2"!</source>
+        <source>Current firmware version is &quot;%1&quot; while this configuration utility requires at least version &quot;%2&quot;!</source>
         <translation>Сегашната версия на фърмуера е „%1“, а тази програма изисква поне версия „%2“!</translation>
     </message>
     <message>
@@ -1808,7 +1808,7 @@ Please download the latest firmware version to have a possibility to use new fea
         <translation>Неизвестен</translation>
     </message>
     <message>
-        <source>Couldn't establish connection with GASECU!
+        <source>Couldn&apos;t establish connection with GASECU!
 Please check out cables and power supply!</source>
         <translation>Няма връзка с контролера GASECU!
 Моля, проверете кабелите и захранването!</translation>
@@ -1852,7 +1852,7 @@ Only a part of the configuration may be in it. Do you want to load what is left?
 Възможно е в него да има само част от конфигурацията. Желаете ли да заредите останалото?</translation>
     </message>
     <message>
-        <source>Nothing has been written: the ECU's present configuration could not be read</source>
+        <source>Nothing has been written: the ECU&apos;s present configuration could not be read</source>
         <translation>Нищо не е записано: сегашната конфигурация на контролера не може да бъде прочетена</translation>
     </message>
     <message>
@@ -1860,7 +1860,7 @@ Only a part of the configuration may be in it. Do you want to load what is left?
         <translation>Съдържанието на контролера преди зареждането на %1</translation>
     </message>
     <message>
-        <source>The ECU's present configuration could not be stored beforehand.
+        <source>The ECU&apos;s present configuration could not be stored beforehand.
 %1
 Do you want to write over it all the same?</source>
         <translation>Сегашната конфигурация на контролера не можа да бъде запазена предварително.
@@ -1940,7 +1940,7 @@ Do you realy want to continue?</source>
         <translation>Неуспешно инициализиране на OLE.  Проверете дали версията на OLE библиотеките е правилна.</translation>
     </message>
     <message>
-        <source>Do you want to store current configuration in file "%1"?</source>
+        <source>Do you want to store current configuration in file &quot;%1&quot;?</source>
         <translation>Желаете ли да запазите сегашната конфигурация във файла „%1“?</translation>
     </message>
     <message>
@@ -2436,16 +2436,16 @@ Do you realy want to continue?</source>
         <translation>Неправилен %1 на позиция %2</translation>
     </message>
     <message>
-        <source>No start tag for end tag '%1' at offset %2</source>
-        <translation>Няма начален етикет за крайния етикет '%1' на позиция %2</translation>
+        <source>No start tag for end tag &apos;%1&apos; at offset %2</source>
+        <translation>Няма начален етикет за крайния етикет &apos;%1&apos; на позиция %2</translation>
     </message>
     <message>
-        <source>End tag '%1' at offset %2 does not match start tag '%3' at offset %4</source>
-        <translation>Крайният етикет '%1' на позиция %2 не отговаря на началния етикет '%3' на позиция %4</translation>
+        <source>End tag &apos;%1&apos; at offset %2 does not match start tag &apos;%3&apos; at offset %4</source>
+        <translation>Крайният етикет &apos;%1&apos; на позиция %2 не отговаря на началния етикет &apos;%3&apos; на позиция %4</translation>
     </message>
     <message>
-        <source>Element '%1' at offset %2 not ended</source>
-        <translation>Елементът '%1' на позиция %2 не завършва</translation>
+        <source>Element &apos;%1&apos; at offset %2 not ended</source>
+        <translation>Елементът &apos;%1&apos; на позиция %2 не завършва</translation>
     </message>
     <message>
         <source>Empty document</source>
@@ -2492,7 +2492,7 @@ Do you realy want to continue?</source>
         <translation>Файлът не е запис</translation>
     </message>
     <message>
-        <source>Channel %1: "%2" is no number</source>
+        <source>Channel %1: &quot;%2&quot; is no number</source>
         <translation>Канал %1: „%2“ не е число</translation>
     </message>
     <message>
@@ -2500,7 +2500,7 @@ Do you realy want to continue?</source>
         <translation>Липсват: %1</translation>
     </message>
     <message>
-        <source>The recording's version is "%1", not "1.00"</source>
+        <source>The recording&apos;s version is &quot;%1&quot;, not &quot;1.00&quot;</source>
         <translation>Версията на записа е „%1“, а не „1.00“</translation>
     </message>
     <message>
@@ -2782,11 +2782,11 @@ Nothing has been erased. Please try again.</source>
         <translation>Устройството по Modbus върна код на изключение %1</translation>
     </message>
     <message>
-        <source>Column %1: "%2" is not a whole number from 0 to 65535!</source>
+        <source>Column %1: &quot;%2&quot; is not a whole number from 0 to 65535!</source>
         <translation>Колона %1: „%2“ не е цяло число от 0 до 65535!</translation>
     </message>
     <message>
-        <source>Row %1: "%2" is not a number from 0 to 65.535!</source>
+        <source>Row %1: &quot;%2&quot; is not a number from 0 to 65.535!</source>
         <translation>Ред %1: „%2“ не е число от 0 до 65.535!</translation>
     </message>
     <message>
@@ -2838,7 +2838,7 @@ Nothing has been erased. Please try again.</source>
         <translation>Няма какво да се постави!</translation>
     </message>
     <message>
-        <source>Row %1, column %2 of the pasted text: "%3" is not a number!</source>
+        <source>Row %1, column %2 of the pasted text: &quot;%3&quot; is not a number!</source>
         <translation>Ред %1, колона %2 на поставения текст: „%3“ не е число!</translation>
     </message>
     <message>
@@ -2858,15 +2858,15 @@ Nothing has been erased. Please try again.</source>
         <translation>Въведена е стойност извън допустимия обхват!</translation>
     </message>
     <message>
-        <source>"%1" is not a whole number from 0 to 65535!</source>
+        <source>&quot;%1&quot; is not a whole number from 0 to 65535!</source>
         <translation>„%1“ не е цяло число от 0 до 65535!</translation>
     </message>
     <message>
-        <source>"%1" is not a whole number from -32768 to 32767!</source>
+        <source>&quot;%1&quot; is not a whole number from -32768 to 32767!</source>
         <translation>„%1“ не е цяло число от -32768 до 32767!</translation>
     </message>
     <message>
-        <source>"%1" is not a number from 0 to 6553.5!</source>
+        <source>&quot;%1&quot; is not a number from 0 to 6553.5!</source>
         <translation>„%1“ не е число от 0 до 6553.5!</translation>
     </message>
     <message>
@@ -2922,13 +2922,13 @@ Nothing has been erased. Please try again.</source>
         <translation>Контролерът не отговаря.</translation>
     </message>
     <message>
-        <source>Only one file can be opened, not also "%1".
+        <source>Only one file can be opened, not also &quot;%1&quot;.
 Usage: zelorgas [admin] [demo] [FILE.fob|FILE.osc]</source>
         <translation>Може да се отвори само един файл, не и „%1“.
 Използване: zelorgas [admin] [demo] [ФАЙЛ.fob|ФАЙЛ.osc]</translation>
     </message>
     <message>
-        <source>Unknown argument "%1".
+        <source>Unknown argument &quot;%1&quot;.
 Usage: zelorgas [admin] [demo] [FILE.fob|FILE.osc]</source>
         <translation>Непознат аргумент „%1“.
 Използване: zelorgas [admin] [demo] [ФАЙЛ.fob|ФАЙЛ.osc]</translation>

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 #include <QXmlStreamReader>
+#include <array>
 #include <map>
 #include <string>
 #include <utility>
@@ -84,14 +85,14 @@ struct Shape {
   const char* what;
   const char* pattern;
 };
-constexpr Shape kShapes[] = {
+constexpr auto kShapes = std::to_array<Shape>({
     {"places for values", "%(?:\\d|n)"},
     {"line breaks", "\n"},
     {"one mnemonic", "&(?=\\w)"},
     {"blanks at the ends", "^ +| +$"},
     {"what it ends with", "(?:\\.\\.\\.|[:!?.])\\s*$"},
     {"file filters", "\\(\\*[^)]*\\)"},
-};
+});
 
 std::vector<std::string> Misshapen(const Translations& texts) {
   std::vector<std::string> wrong;
