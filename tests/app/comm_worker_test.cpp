@@ -72,6 +72,16 @@ TEST(CommWorker, HeldItReadsTheFifoPausedNothingStoppedItSaysGoodbye) {
   EXPECT_EQ(ecu.status.Take(), "1,3 1,3");
 }
 
+TEST(CommWorker, OnlyVersions36To39ArePolled) {
+  Polled old(35);
+  EXPECT_EQ(old.Round(), "1,0");
+  EXPECT_EQ(old.requests, "18 0, 04 43");
+  Polled newer(40);
+  EXPECT_EQ(newer.Round(), "1,0");
+  EXPECT_EQ(newer.requests, "");
+  EXPECT_DOUBLE_EQ(newer.took_ms, 50);
+}
+
 TEST(CommWorker, ThreeFailedPollsMeanALostLink) {
   const struct {
     std::uint8_t minor;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "firmware/FirmwareDownload.h"
+#include "firmware/FirmwareWorker.h"
 #include "firmware/UpdateBench.h"
 
 namespace zelorgas {
@@ -143,6 +144,21 @@ TEST(FirmwareDownload, NothingIsErasedBeforeTheCheckAndTheAnswer) {
   expect(Outcome::kDeclined, "software 00.39", 0);
   EXPECT_EQ(bench.Erase(), Outcome::kDeclined);
   EXPECT_EQ(bench.ecu.Flash(), before);
+}
+
+TEST(FirmwareWorker, RunsItsJobWhenToldAndOnlyThen) {
+  std::string events;
+  Event done;
+  const auto job = [&] { events += "job "; };
+  const auto ended = [&](bool has_run) {
+    events += has_run ? "done" : "given up ";
+    if (has_run) done.Set();
+  };
+  { const FirmwareWorker worker(job, ended); }
+  FirmwareWorker worker(job, ended);
+  worker.Begin();
+  EXPECT_TRUE(done.Wait(std::chrono::seconds(30)));
+  EXPECT_EQ(events, "given up job done");
 }
 
 }  // namespace

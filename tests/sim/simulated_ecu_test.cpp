@@ -69,18 +69,6 @@ TEST_F(SimulatedEcuTest, WhatItRefusesChangesNothing) {
   EXPECT_FALSE(ecu.Answer(Unit{0, 6, 1, 0, 0, 1})) << "there is no broadcast";
 }
 
-TEST_F(SimulatedEcuTest, TheFifoGivesWhatHasComeSinceTheReadersPlace) {
-  SimulatedEcu ecu(clock_);
-  std::uint8_t pointer = 0;
-  for (const int records : {0, 1, 3, 0, 7, 2, 6, 5, 7, 7, 1}) {
-    clock_.Sleep(milliseconds{100 * records});
-    const Unit answer = Fifo(ecu, pointer);
-    pointer = static_cast<std::uint8_t>((pointer + records) % 8);
-    EXPECT_EQ(WordAt(answer, 4), 4 * records);
-    EXPECT_EQ(answer.size(), 6U + 8U * static_cast<unsigned>(records));
-  }
-}
-
 TEST_F(SimulatedEcuTest, WhatTheLiveRegistersSayOfAGivenEngine) {
   SimulatedEcu ecu(clock_);
   EngineState engine;
