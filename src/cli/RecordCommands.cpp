@@ -44,7 +44,8 @@ void PrintText(CliSession& session, const ScopeTraces& traces) {
     session.Print(line);
   }
   session.Print("Seconds: " + FormatFixed(traces.Seconds(), 1));
-  if (!traces.notes.empty()) session.Print("Notes: " + traces.notes);
+  // They may be a stranger's: a terminal obeys control characters.
+  if (!traces.notes.empty()) session.Print("Notes: " + EscapeControls(traces.notes, "\r\n\t"));
 }
 
 void PrintJson(CliSession& session, const ScopeTraces& traces) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "config/Utf8Text.h"
 #include "diag/ScopeNumbers.h"
 
 namespace zelorgas {
@@ -54,10 +55,10 @@ void ReadChannels(const XmlDocument& document, RecordingContents& contents) {
     }
     const std::string list = document.GetChildAttribute(name);
     if (const auto wrong = SplitSamples(list, contents.traces.channels[i])) {
-      constexpr std::size_t kShownCharacters = 20;
+      constexpr std::size_t kShownBytes = 20;
       contents.fault = RecordingFault::kBadNumbers;
       AddDetail(contents.detail, {FixedText::Of("Channel %1: \"%2\" is no number"), name,
-                                  wrong->substr(0, kShownCharacters)});
+                                  Shortened(ValidUtf8(std::string(*wrong)), kShownBytes)});
     }
   }
   if (!missing.empty()) AddDetail(contents.detail, {FixedText::Of("Missing: %1"), missing});
@@ -76,7 +77,7 @@ XmlDocument RecordingDocument(const ScopeTraces& traces) {
                                JoinHundredths(traces.channels[i]));
   }
   document.AddChildElement(kNotes);
-  document.SetChildAttribute("\r\n\t\tText", traces.notes);
+  document.SetChildAttribute("\r\n\t\tText", ValidUtf8(traces.notes));
   return document;
 }
 
@@ -95,7 +96,7 @@ RecordingContents ReadRecording(XmlDocument& document) {
     ReadChannels(document, contents);
     document.ResetPosition();
     if (document.FindElement(kRoot) && document.FindChildElement(kNotes)) {
-      contents.traces.notes = document.GetChildAttribute("Text");
+      contents.traces.notes = ValidUtf8(document.GetChildAttribute("Text"));
     }
   }
   if (!document.Findings().empty()) AddDetail(contents.detail, document.Findings().front());

@@ -54,18 +54,23 @@ ConfigurationModel::Outcome ConfigurationModel::Select(ChoiceList list, int inde
     State(list).shown = Applied(list);
     return Outcome::kPutBack;
   }
+  const bool written = Write(writes);
+  // A full read that came during the writes has shown what the ECU held before. List and axis show
+  // the new choice whether or not the ECU took it.
   State(list).shown = index;
-  // The axis follows the list whether or not the ECU does.
   if (list == ChoiceList::kLambdaRange) ShowLambdaAxis(index);
-  if (!Write(writes)) return Outcome::kFailed;
+  if (!written) return Outcome::kFailed;
   State(list).applied = index;
-  AfterWriting(list, entry);
+  AfterWriting(list, entry, context.switch_mode);
   return Outcome::kWritten;
 }
 
-void ConfigurationModel::AfterWriting(ChoiceList list, std::size_t entry) {
+void ConfigurationModel::AfterWriting(ChoiceList list, std::size_t entry, bool switch_mode) {
   if (list == ChoiceList::kInjectorType) refreshNozzleDiameter(kFromRegisterCopy);
-  if (list == ChoiceList::kGasPressureSensor && !switch_mode_) {
+  if (list != ChoiceList::kGasPressureSensor) return;
+  // What the ECU has of it now is this choice's own, no change of the ECU's.
+  ecu_has_switch_ = switch_mode;
+  if (!switch_mode) {
     pressure_indicator_end_ = PressureIndicatorMaximum(GasPressureSensors().at(entry)->full_scale);
   }
 }
@@ -85,7 +90,11 @@ bool ConfigurationModel::Write(const std::vector<RegisterWrite>& writes) {
 
 bool ConfigurationModel::WriteParameter(const Parameter& parameter, std::uint16_t value) {
   const std::uint16_t word = document_.Snapshot().RegisterCopy(parameter.Register());
-  if (!Write({{parameter.Register(), parameter.PutInto(word, value)}})) return false;
+  if (!Write({{parameter.Register(), parameter.PutInto(word, value)}})) {
+    // The ECU may have taken it and only its answers were lost.
+    document_.RequestRefresh();
+    return false;
+  }
   if (parameter.name == "NOZZLEDIAM") ShowNozzleOfEcu();
   return true;
 }

@@ -112,7 +112,7 @@ class ConfigurationModel {
   [[nodiscard]] std::string_view ShownName(ChoiceList list) const;
   [[nodiscard]] const InjectorTypeRecord* ShownInjector() const;
   [[nodiscard]] bool Write(const std::vector<RegisterWrite>& writes);
-  void AfterWriting(ChoiceList list, std::size_t entry);
+  void AfterWriting(ChoiceList list, std::size_t entry, bool switch_mode);
   void ShowLambdaAxis(int index);
   void ShowNozzleOfEcu();
   void ShowDiameter(std::uint16_t tenths_mm);

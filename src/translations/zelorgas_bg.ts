@@ -1227,7 +1227,7 @@ Register %3</source>
         <translation>&amp;Спри</translation>
     </message>
     <message>
-        <source>&amp;Time span</source>
+        <source>Ti&amp;me span</source>
         <translation>&amp;Интервал</translation>
     </message>
     <message>
@@ -1239,7 +1239,7 @@ Register %3</source>
         <translation>Колко време показва графиката; нагоре го удвоява, надолу го намалява наполовина</translation>
     </message>
     <message>
-        <source>Sa&amp;ve...</source>
+        <source>S&amp;ave...</source>
         <translation>&amp;Запази...</translation>
     </message>
     <message>

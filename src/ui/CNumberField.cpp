@@ -19,8 +19,8 @@ CNumberField::CNumberField(int decimals, QWidget* parent) : QLineEdit(parent), d
 }
 
 void CNumberField::Show(std::uint16_t value) {
-  if (isModified()) return;
-  ShowInstead(QString::number(value / std::pow(10, decimals_), 'f', decimals_));
+  shown_ = QString::number(value / std::pow(10, decimals_), 'f', decimals_);
+  if (!isModified()) Restore();
 }
 
 void CNumberField::ShowInstead(const QString& text) {

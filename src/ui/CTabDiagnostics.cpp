@@ -85,7 +85,7 @@ QWidget* CTabDiagnostics::MakeTools() {
   };
   run_ = button("scope_run", tr("&Stop"), {});
   run_->setMinimumWidth(fontMetrics().averageCharWidth() * 12);
-  auto* const label = new QLabel(tr("&Time span"), tools);
+  auto* const label = new QLabel(tr("Ti&me span"), tools);
   span_ = new CTimeSpin(tools);
   span_->setObjectName("scope_span");
   span_->setAccessibleName(tr("Time span"));
@@ -100,7 +100,7 @@ QWidget* CTabDiagnostics::MakeTools() {
   hint_->SetCaption(tr("Hint"), {});
   layout->addWidget(hint_, 1);
   const QPushButton* const save =
-      button("scope_save", tr("Sa&ve..."), tr("Saves the recording and its notes to a file"));
+      button("scope_save", tr("S&ave..."), tr("Saves the recording and its notes to a file"));
   const QPushButton* const load =
       button("scope_load", tr("&Load..."), tr("Shows a saved recording in place of this one"));
   const QPushButton* const save_as =
@@ -206,6 +206,10 @@ void CTabDiagnostics::RunOrStop() {
 void CTabDiagnostics::StepSpan(int steps) {
   for (; steps > 0; --steps) oscilloscope_.StretchTime();
   for (; steps < 0; ++steps) oscilloscope_.ShrinkTime();
+  if (cursor_ && *cursor_ > oscilloscope_.SpanSeconds()) {
+    cursor_.reset();
+    plot_->SetCursor(cursor_);
+  }
   ShowControls();
   ShowTraces();
 }

@@ -14,10 +14,10 @@ class CTimeSpin final : public QAbstractSpinBox {
   // What is shown now, in seconds, and which steps are left.
   void ShowSpan(double seconds, bool can_double, bool can_halve);
 
-  void stepBy(int steps) override { emit Stepped(steps); }
+  void stepBy(int steps) override { emit Stepped(steps > 0 ? 1 : -1); }
 
  signals:
-  // Positive: doubled so often; negative: halved.
+  // 1: doubled; -1: halved.
   void Stepped(int steps);
 
  protected:

@@ -1,6 +1,7 @@
 #include "ui/CVehicleCard.h"
 
 #include <QIntValidator>
+#include <QLocale>
 
 #include "ui/CCaption.h"
 #include "ui/CFieldRow.h"
@@ -54,7 +55,11 @@ void CVehicleCard::AddEngineSize() {
       AddField("engine_size_cc", tr("Engine size in cubic centimetres"),
                tr("A complete configuration names it: more than 500 cubic centimetres."));
   engine_size_->setAlignment(Qt::AlignRight);
-  engine_size_->setValidator(new QIntValidator(0, kLargestEngineCc, engine_size_));
+  auto* const digits = new QIntValidator(0, kLargestEngineCc, engine_size_);
+  QLocale plain = QLocale::c();
+  plain.setNumberOptions(QLocale::RejectGroupSeparator);
+  digits->setLocale(plain);
+  engine_size_->setValidator(digits);
   connect(engine_size_, &QLineEdit::textEdited, this, [this](const QString& typed) {
     vehicle_.engine_size_cc = typed.toUInt();
     emit Edited();

@@ -24,7 +24,8 @@ ScopePoints PointsOf(const std::deque<double>& samples, double period, double sp
   const auto last_column = static_cast<int>(static_cast<double>(size) / per_column);
   for (int column = 0; column <= last_column; ++column) {
     const double start = column * per_column;
-    const double end = std::min(start + per_column, static_cast<double>(size));
+    // The next column's start, so that no sample falls between the two by rounding.
+    const double end = std::min((column + 1) * per_column, static_cast<double>(size));
     const auto first = samples.begin() + static_cast<std::ptrdiff_t>(start);
     const auto last = samples.begin() + static_cast<std::ptrdiff_t>(end);
     if (first >= last) continue;

@@ -30,12 +30,14 @@ TEST(ScopePoints, KeepEveryPeakAndDrawNoMoreThanCanBeSeen) {
   std::deque<double> samples(6400);
   std::iota(samples.begin(), samples.end(), 0.0);
   samples[3001] = -50;
-  samples[3002] = 90000;
-  const ScopePoints points = PointsOf(samples, 0.1, 640, 800);
-  EXPECT_LE(points.values.size(), 1600);
-  EXPECT_EQ(std::ranges::min(points.values), -50);
-  EXPECT_EQ(std::ranges::max(points.values), 90000);
-  EXPECT_TRUE(std::ranges::is_sorted(points.seconds));
+  samples[2559] = 90000;
+  for (const int columns : {800, 405}) {  // of 8 samples, and of 15.8
+    const ScopePoints points = PointsOf(samples, 0.1, 640, columns);
+    EXPECT_LE(points.values.size(), 2 * columns + 2);
+    EXPECT_EQ(std::ranges::min(points.values), -50);
+    EXPECT_EQ(std::ranges::max(points.values), 90000) << columns;
+    EXPECT_TRUE(std::ranges::is_sorted(points.seconds));
+  }
   EXPECT_EQ(PointsOf({1, 2, 3}, 0.1, 40, 800).values, QVector<double>({1, 2, 3}));
 }
 
