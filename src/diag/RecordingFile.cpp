@@ -10,6 +10,10 @@ namespace zelorgas {
 
 bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path, Message& reason) {
   XmlDocument document = RecordingDocument(traces);
+  if (document.Text().size() > kLargestWholeFile) {
+    reason = FixedText::Of("The recording is larger than a file may be");
+    return false;
+  }
   const bool saved = document.Save(path);
   if (!saved) reason = document.Result();
   return saved;

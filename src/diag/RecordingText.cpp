@@ -56,12 +56,14 @@ void ReadChannels(const XmlDocument& document, RecordingContents& contents) {
     const std::string list = document.GetChildAttribute(name);
     if (const auto wrong = SplitSamples(list, contents.traces.channels[i])) {
       constexpr std::size_t kShownBytes = 20;
-      contents.fault = RecordingFault::kBadNumbers;
+      contents.fault = RecordingFault::kIncomplete;
       AddDetail(contents.detail, {FixedText::Of("Channel %1: \"%2\" is no number"), name,
                                   Shortened(ValidUtf8(std::string(*wrong)), kShownBytes)});
     }
   }
-  if (!missing.empty()) AddDetail(contents.detail, {FixedText::Of("Missing: %1"), missing});
+  if (missing.empty()) return;
+  contents.fault = RecordingFault::kIncomplete;
+  AddDetail(contents.detail, {FixedText::Of("Missing: %1"), missing});
 }
 
 }  // namespace
@@ -97,9 +99,15 @@ RecordingContents ReadRecording(XmlDocument& document) {
     document.ResetPosition();
     if (document.FindElement(kRoot) && document.FindChildElement(kNotes)) {
       contents.traces.notes = ValidUtf8(document.GetChildAttribute("Text"));
+    } else {
+      contents.fault = RecordingFault::kIncomplete;
+      AddDetail(contents.detail, {FixedText::Of("Missing: %1"), std::string(kNotes)});
     }
   }
-  if (!document.Findings().empty()) AddDetail(contents.detail, document.Findings().front());
+  if (!document.Findings().empty()) {
+    if (contents.fault == RecordingFault::kNone) contents.fault = RecordingFault::kIncomplete;
+    AddDetail(contents.detail, document.Findings().front());
+  }
   return contents;
 }
 

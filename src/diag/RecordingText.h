@@ -17,13 +17,13 @@ namespace zelorgas {
 enum class RecordingFault : std::uint8_t {
   kNone,
   kNoRecording,  // another kind of file, another version, or no data: nothing was read
-  kBadNumbers,   // pieces that are no numbers were left out; all others have been read
+  kIncomplete,   // something is missing, cut off or no number; all else has been read
 };
 
 struct RecordingContents {
   ScopeTraces traces;
   RecordingFault fault = RecordingFault::kNone;
-  Message detail;  // what is wrong or missing, for a person; may also stand with kNone
+  Message detail;  // what is wrong or missing, for a person; empty with kNone
 };
 
 // Moves the document's cursor.

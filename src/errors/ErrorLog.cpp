@@ -70,6 +70,7 @@ bool ErrorLog::DeleteError(std::uint16_t code, ErrorBank bank) {
 bool ErrorLog::DeleteAllErrors() {
   if (!EraseBanks()) return FailRequest();
   sheet_.clear();
+  known_.fill(true);
   return true;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 #include "app/EcuConnection.h"
 #include "app/LinkSession.h"
@@ -52,10 +53,10 @@ Message NameOfTarget(const EcuIdentity& identity) {
   std::array<char, 8> version{};
   std::snprintf(version.data(), version.size(), "%02d.%02d", identity.software.major,
                 identity.software.minor);
-  const Message software(FixedText::Of("software %1"), version.data());
+  Message software(FixedText::Of("software %1"), version.data());
   if (!identity.serial) return software;
   Message name = Message::Verbatim(FormatSerialNumber(*identity.serial));
-  name.Append(", ", software);
+  name.Append(", ", std::move(software));
   return name;
 }
 

@@ -116,8 +116,8 @@ Message ModbusMaster::ErrorText(ModbusResult result) const {
       return FixedText::Of("Critical section lock time-out error");
     default:
       // Values that no operation produces take this text too, with a negative number.
-      return Message(FixedText::Of("Modbus device return an exception code%1"),
-                     static_cast<int>(result) - static_cast<int>(ModbusResult::kException));
+      return {FixedText::Of("Modbus device return an exception code%1"),
+              static_cast<int>(result) - static_cast<int>(ModbusResult::kException)};
   }
 }
 

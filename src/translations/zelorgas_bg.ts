@@ -4,6 +4,10 @@
 <context>
     <name>FixedText</name>
     <message>
+        <source>The recording is larger than a file may be</source>
+        <translation>Записът е по-голям, отколкото може да бъде един файл</translation>
+    </message>
+    <message>
         <source>Couldn&apos;t get target application info!</source>
         <translation>Данните за програмата на контролера не могат да бъдат прочетени!</translation>
     </message>
