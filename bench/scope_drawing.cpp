@@ -3,7 +3,6 @@
 // (process time over wall time), with the channels at the capacity of several time scales and all
 // of them shown, and the memory that a sample takes; fails above a goal.
 #include <malloc.h>
-#include <sys/resource.h>
 
 #include <QTimer>
 #include <chrono>
@@ -11,6 +10,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "CpuTime.h"
 #include "ui/CTabDiagnostics.h"
 #include "ui/UiBench.h"
 
@@ -23,15 +23,6 @@ constexpr double kBytesGoal = 12;  // a sample; the number itself has 8
 constexpr int kSamplePeriodMs = 100;
 constexpr int kMeasuredMs = 8000;
 constexpr QSize kWindow{1400, 800};
-
-double CpuMs() {
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  const auto ms = [](const timeval& t) {
-    return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_usec) / 1e3;
-  };
-  return ms(usage.ru_utime) + ms(usage.ru_stime);
-}
 
 // Every channel moves, each in its own way, as an engine's signals do.
 ScopeSample SampleAt(int moment) {

@@ -3,7 +3,6 @@
 // and getrusage what the process took, simulated ECU included. Prints each phase's longest gap, the
 // share of a core while connected, and what the open correction grid adds to that at ten live
 // updates a second; fails above a goal.
-#include <sys/resource.h>
 
 #include <QAction>
 #include <QTimer>
@@ -13,6 +12,7 @@
 #include <cstdlib>
 #include <functional>
 
+#include "CpuTime.h"
 #include "ui/CGridTable.h"
 #include "ui/UiBench.h"
 
@@ -25,15 +25,6 @@ constexpr double kCpuGoalPercent = 2;
 constexpr double kGridGoalPercent = 5;
 constexpr double kUpdatesASecond = 10;
 constexpr int kBeatMs = 5;
-
-double CpuMs() {
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  const auto ms = [](const timeval& t) {
-    return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_usec) / 1e3;
-  };
-  return ms(usage.ru_utime) + ms(usage.ru_stime);
-}
 
 class HeartBeat {
  public:
