@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "Table.h"
 #include "app/LinkSession.h"
 #include "injectors/ConfigurationModel.h"
 #include "sim/SimulatedPort.h"
@@ -76,10 +77,9 @@ bool Measure(Bench& bench, ChoiceList list, const char* name) {
   }
   std::ranges::sort(ratios);
   const double median = ratios[ratios.size() / 2];
-  const bool reached = median <= kGoal;
-  std::printf("choice of %-22s ratio %.4f, longest %.4f   goal %.2f   %s\n", name, median,
-              ratios.back(), kGoal, reached ? "reached" : "MISSED");
-  return reached;
+  return PrintRow(std::string("choice of ") + name,
+                  "longest " + Quantity(ratios.back(), "of it", 4), "its writes on the wire",
+                  median, kGoal);
 }
 
 int Run() {

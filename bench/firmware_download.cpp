@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "EcuSimProcess.h"
+#include "Table.h"
 #include "firmware/FirmwareDownload.h"
 #include "firmware/LinkPreparation.h"
 #include "sim/SimulatedPort.h"
@@ -61,10 +62,8 @@ double TimeMs(Clock& clock, Work work) {
 }
 
 bool Report(const char* what, double took_ms, double least_ms, double goal_ms) {
-  const bool reached = took_ms <= goal_ms;
-  std::printf("%-30s %9.1f ms   wire %9.1f ms   ratio %.4f   goal %.2f   %s\n", what, took_ms,
-              least_ms, took_ms / least_ms, kGoal, reached ? "reached" : "MISSED");
-  return reached;
+  return PrintRow(what, Quantity(took_ms, "ms"), Quantity(least_ms, "ms on the wire"),
+                  took_ms / least_ms, goal_ms / least_ms);
 }
 
 bool MeasurePage(const char* what, Line& line) {

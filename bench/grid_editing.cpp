@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "EcuSimProcess.h"
+#include "Table.h"
 #include "maps/GridModel.h"
 #include "sim/SimulatedPort.h"
 
@@ -85,13 +86,9 @@ double MsBetween(Clock::TimePoint from, Clock::TimePoint to) {
 
 bool Report(const char* line, const char* what, double handshake_ms, double took_ms, double wire_ms,
             double goal) {
-  const bool reached = took_ms <= goal * wire_ms;
-  std::printf(
-      "%-11s %-9s handshake %5.1f ms   writing %8.1f ms   wire %8.1f ms   ratio %.4f   goal %.2f   "
-      "%s\n",
-      line, what, handshake_ms, took_ms, wire_ms, took_ms / wire_ms, goal,
-      reached ? "reached" : "MISSED");
-  return reached;
+  return PrintRow(std::string("edit of ") + what + ", " + line,
+                  Quantity(took_ms, "ms") + ", " + Quantity(handshake_ms, "ms before"),
+                  Quantity(wire_ms, "ms on the wire"), took_ms / wire_ms, goal);
 }
 
 bool Measure(const char* line, SerialOpener opener, const std::string& name, Clock& clock) {

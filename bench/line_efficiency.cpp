@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "EcuSimProcess.h"
+#include "Table.h"
 #include "config/BlockTransfer.h"
 #include "link/ModbusSerialPort.h"
 #include "sim/SimulatedPort.h"
@@ -39,10 +40,8 @@ double TimeMs(Clock& clock, Work work) {
 
 bool Report(const char* line, const char* what, double took_ms, int characters) {
   const double wire_ms = characters * kCharacterMs;
-  const bool reached = took_ms <= kGoal * wire_ms;
-  std::printf("%-11s %-5s %8.1f ms   wire %8.1f ms   ratio %.4f   goal %.2f   %s\n", line, what,
-              took_ms, wire_ms, took_ms / wire_ms, kGoal, reached ? "reached" : "MISSED");
-  return reached;
+  return PrintRow(std::string(what) + " of the block, " + line, Quantity(took_ms, "ms"),
+                  Quantity(wire_ms, "ms on the wire"), took_ms / wire_ms, kGoal);
 }
 
 bool Measure(const char* line, ModbusSerialPort& port, Clock& clock) {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "EcuSimProcess.h"
+#include "Table.h"
 #include "app/ClpgecuDoc.h"
 #include "app/CommWorker.h"
 #include "sim/SimulatedPort.h"
@@ -46,13 +47,8 @@ bool Measure(const char* line, SerialOpener opener, const std::string& name, Clo
   worker.RunRound();
 
   const double prescribed = static_cast<double>(characters) * kCharacterMs + kRounds * kPausesMs;
-  const bool reached = took <= kGoal * prescribed;
-  std::printf(
-      "%-11s poll  %8.1f ms a round   wire and pauses %8.1f ms   ratio %.4f   goal %.2f   "
-      "%s\n",
-      line, took / kRounds, prescribed / kRounds, took / prescribed, kGoal,
-      reached ? "reached" : "MISSED");
-  return reached;
+  return PrintRow(std::string("round of polling, ") + line, Quantity(took / kRounds, "ms"),
+                  Quantity(prescribed / kRounds, "ms wire and pauses"), took / prescribed, kGoal);
 }
 
 int Run() {

@@ -18,6 +18,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Table.h"
 #include "diag/RecordingFile.h"
 #include "platform/FileSystem.h"
 
@@ -80,7 +81,7 @@ std::size_t SaveRecordingPeer(const ScopeTraces& traces, const std::string& file
     }
   } writer;
   document.save(writer, "\t", pugi::format_indent_attributes);
-  std::string reason;
+  zelorgas::Message reason;
   Require(zelorgas::WriteWholeFile(file, writer.text, reason));
   return writer.text.size();
 }
@@ -133,10 +134,8 @@ bool CompareTimes(const Works& works) {
       ours = std::min(ours, Milliseconds(works.at(work)));
       peers = std::min(peers, Milliseconds(works.at(work + "-peer")));
     }
-    std::printf("%s a recording  %.2f ms, pugixml %.2f ms, ratio %.2f   goal %.1f   %s\n",
-                work.c_str(), ours, peers, ours / peers, kGoal,
-                ours <= kGoal * peers ? "reached" : "MISSED");
-    reached = reached && ours <= kGoal * peers;
+    reached &= zelorgas::PrintRow(work + " a recording, time", zelorgas::Quantity(ours, "ms", 2),
+                                  zelorgas::Quantity(peers, "ms pugixml", 2), ours / peers, kGoal);
   }
   return reached;
 }

@@ -7,10 +7,10 @@
 #include <QTimer>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <memory>
 
 #include "CpuTime.h"
+#include "Table.h"
 #include "ui/CTabDiagnostics.h"
 #include "ui/UiBench.h"
 
@@ -69,11 +69,9 @@ bool MeasureDrawing(UiBench& bench, double time_scale) {
   QTest::qWait(kMeasuredMs);
   const double wall = std::chrono::duration<double, std::milli>(now() - start).count();
   const double percent = 100 * (CpuMs() - before) / wall;
-  const bool reached = percent <= kCpuGoalPercent;
-  std::printf(
-      "oscilloscope of 12 x %4zu samples, 10 a second: %.2f %% of a core   goal %.0f %%   %s\n",
-      scope.Model().Capacity(), percent, kCpuGoalPercent, reached ? "reached" : "MISSED");
-  return reached;
+  return PrintRow("oscilloscope, 12 x " + std::to_string(scope.Model().Capacity()) + " samples",
+                  Quantity(percent, "% of a core", 2), "10 samples a second", percent,
+                  kCpuGoalPercent);
 }
 
 double HeapBytes() { return static_cast<double>(mallinfo2().uordblks); }
@@ -88,10 +86,8 @@ bool MeasureMemory() {
     for (int i = 0; i < 1000; ++i) scope.Add();
     const auto samples = static_cast<double>(kScopeChannels * scope.Model().Traces().Length());
     const double bytes = (HeapBytes() - before) / samples;
-    const bool small = bytes <= kBytesGoal;
-    reached &= small;
-    std::printf("oscilloscope of 12 x %4.0f samples: %.2f bytes a sample   goal %.0f   %s\n",
-                samples / kScopeChannels, bytes, kBytesGoal, small ? "reached" : "MISSED");
+    reached &= PrintRow("memory of a sample, 12 x " + Quantity(samples / kScopeChannels, "", 0),
+                        Quantity(bytes, "bytes", 2), "8 bytes of the value", bytes, kBytesGoal);
   }
   return reached;
 }

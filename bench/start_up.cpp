@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "Table.h"
 #include "ui/CZelorGasApp.h"
 
 namespace {
@@ -104,11 +105,9 @@ int Compare(const char* program) {
   }
   std::filesystem::remove_all(settings);
   const double ratio = Median(window) / Median(empty);
-  const bool reached = ratio <= kGoal;
-  std::printf(
-      "start to a usable window  %.0f ms   empty Qt program %.0f ms   ratio %.2f   goal "
-      "%.1f   %s\n",
-      Median(window), Median(empty), ratio, kGoal, reached ? "reached" : "MISSED");
+  const bool reached =
+      zelorgas::PrintRow("start to a usable window", zelorgas::Quantity(Median(window), "ms"),
+                         zelorgas::Quantity(Median(empty), "ms empty Qt program"), ratio, kGoal);
   return reached ? 0 : 1;
 }
 

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "EcuSimProcess.h"
+#include "Table.h"
 #include "link/ModbusSerialPort.h"
 
 namespace {
@@ -78,11 +79,8 @@ int Run() {
   modbus_close(peer.get());
   const double mine = Median(ours_us);
   const double theirs = Median(peer_us);
-  const bool reached = mine <= kGoal * theirs;
-  std::printf(
-      "transaction over a pty      %8.1f us   libmodbus RTU %8.1f us   ratio %.3f   goal %.2f   "
-      "%s\n",
-      mine, theirs, mine / theirs, kGoal, reached ? "reached" : "MISSED");
+  const bool reached = PrintRow("transaction over a pty", Quantity(mine, "us"),
+                                Quantity(theirs, "us libmodbus RTU"), mine / theirs, kGoal);
   return reached ? 0 : 1;
 }
 

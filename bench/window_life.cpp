@@ -8,11 +8,11 @@
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <functional>
 
 #include "CpuTime.h"
+#include "Table.h"
 #include "ui/CGridTable.h"
 #include "ui/UiBench.h"
 
@@ -60,10 +60,8 @@ class Phases {
     heart_.EndPhase();
     work();
     const double gap = heart_.EndPhase();
-    const bool alive = gap <= kGapGoalMs;
-    reached_ &= alive;
-    std::printf("event loop: %-28s longest gap %5.1f ms   goal %.0f ms   %s\n", name, gap,
-                kGapGoalMs, alive ? "reached" : "MISSED");
+    reached_ &=
+        PrintRow(std::string("event loop, ") + name, Quantity(gap, "ms away"), "", gap, kGapGoalMs);
   }
 
  private:
@@ -90,19 +88,15 @@ Load Measure(const UiBench& bench, const Clock& clock) {
 
 bool MeasureLoads(const UiBench& bench, const Clock& clock) {
   const Load idle = Measure(bench, clock);
-  const bool quiet = idle.percent <= kCpuGoalPercent;
-  std::printf("connected and idle: %.2f %% of a core, simulated ECU included   goal %.0f %%   %s\n",
-              idle.percent, kCpuGoalPercent, quiet ? "reached" : "MISSED");
+  const bool quiet = PrintRow("connected and idle", Quantity(idle.percent, "% of a core", 2),
+                              "simulated ECU included", idle.percent, kCpuGoalPercent);
   bench.OpenTab("Correction grid");
   QTest::qWait(500);
   const Load grid = Measure(bench, clock);
   const double added = (grid.percent - idle.percent) * kUpdatesASecond / grid.updates_per_second;
-  const bool light = added <= kGridGoalPercent;
-  std::printf(
-      "correction grid open: %.2f %% of a core at %.1f live updates a second; "
-      "at %.0f it adds %.2f %%   goal %.0f %%   %s\n",
-      grid.percent, grid.updates_per_second, kUpdatesASecond, added, kGridGoalPercent,
-      light ? "reached" : "MISSED");
+  const bool light =
+      PrintRow("correction grid, added at 10 updates a second", Quantity(added, "% of a core", 2),
+               Quantity(grid.updates_per_second, "a second measured"), added, kGridGoalPercent);
   return quiet && light;
 }
 

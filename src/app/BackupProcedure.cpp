@@ -21,9 +21,20 @@ std::filesystem::path NewBackupFile(const std::filesystem::path& folder) {
   return file;
 }
 
+std::filesystem::path SecondMapFile(const std::filesystem::path& backup) {
+  std::filesystem::path file = backup;
+  file.replace_extension();
+  return (file += "_map2") += kConfigurationExtension;
+}
+
+bool WriteBackup(const std::filesystem::path& backup, const ConfigurationBlock& block,
+                 std::string_view notes, Message& problem) {
+  return WriteConfigurationFile(backup, block, 0, notes, problem) &&
+         WriteConfigurationFile(SecondMapFile(backup), block, 1, notes, problem);
+}
+
 std::optional<std::filesystem::path> BackUpConfiguration(ClpgecuDoc& document,
                                                          const std::filesystem::path& folder,
-                                                         std::size_t routing_map,
                                                          std::string_view notes, Message& problem) {
   const ModbusResult result = ReadConfigurationIntoImage(document, {});
   if (result != ModbusResult::kOk) {
@@ -31,9 +42,7 @@ std::optional<std::filesystem::path> BackUpConfiguration(ClpgecuDoc& document,
     return std::nullopt;
   }
   const std::filesystem::path file = NewBackupFile(folder);
-  if (!WriteConfigurationFile(file, document.Snapshot().block, routing_map, notes, problem)) {
-    return std::nullopt;
-  }
+  if (!WriteBackup(file, document.Snapshot().block, notes, problem)) return std::nullopt;
   return file;
 }
 

@@ -61,6 +61,7 @@ bool ClpgecuDoc::PrepareWorker() {
     pause_ = false;
     paused_ = false;
     finished_ = false;
+    another_ecu_ = false;
     // Of an earlier connection.
     static_cast<void>(live_records_.TakeAll());
   }

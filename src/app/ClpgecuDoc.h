@@ -61,6 +61,9 @@ class ClpgecuDoc {
   void PauseWorker(bool pause);
   // True while the worker will not start an exchange: it is held, has ended, or never ran.
   [[nodiscard]] bool WorkerIdle() const { return paused_ || finished_; }
+  // True once the worker has found another ECU on the line than was connected to, and has said so;
+  // until the next worker.
+  [[nodiscard]] bool AnotherEcu() const { return another_ecu_; }
 
   // Makes the worker read everything once more.
   void RequestRefresh() { refresh_.Set(); }
@@ -107,10 +110,11 @@ class ClpgecuDoc {
   Event refresh_;
   Event hold_;
   Event close_;
-  std::atomic<bool> run_{false};      // written by the user interface
-  std::atomic<bool> pause_{false};    // written by the user interface
-  std::atomic<bool> paused_{false};   // written by the worker
-  std::atomic<bool> finished_{true};  // written by the worker, and when one is started
+  std::atomic<bool> run_{false};          // written by the user interface
+  std::atomic<bool> pause_{false};        // written by the user interface
+  std::atomic<bool> paused_{false};       // written by the worker
+  std::atomic<bool> finished_{true};      // written by the worker, and when one is started
+  std::atomic<bool> another_ecu_{false};  // likewise
   std::atomic<bool> extra_channels_{false};
   std::atomic<bool> restart_marker_{false};
 

@@ -40,7 +40,7 @@ bool CommWorker::RunRound() {
     Finish();
     return false;
   }
-  if (document_.pause_ || another_ecu_) {
+  if (document_.pause_ || document_.another_ecu_) {
     document_.paused_ = document_.pause_.load();
     document_.clock_.Sleep(kPause);
     return true;
@@ -90,7 +90,7 @@ bool CommWorker::FullRead() {
   document_.refresh_.Reset();
   const bool complete = ReadEverything();
   if (!complete && asked) document_.RequestRefresh();
-  if (!complete) return !another_ecu_;
+  if (!complete) return !document_.another_ecu_;
   if (!connected_) document_.Post(CommStatus::kLinkUp);
   document_.Post(CommStatus::kFullRead);
   connected_ = true;
@@ -130,7 +130,7 @@ CommWorker::Answer CommWorker::ReadStatus() {
     const std::lock_guard guard(document_.image_lock_);
     if (document_.image_.TakeStatus(status)) return Answer::kSame;
   }
-  another_ecu_ = true;
+  document_.another_ecu_ = true;
   document_.Post(CommStatus::kAnotherEcu);
   return Answer::kAnother;
 }

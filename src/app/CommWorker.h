@@ -48,7 +48,6 @@ class CommWorker {
   bool connected_ = false;
   std::uint16_t fifo_pointer_ = 0;
   unsigned failures_ = 0;
-  bool another_ecu_ = false;  // and that was said
 };
 
 }  // namespace zelorgas

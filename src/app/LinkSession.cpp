@@ -41,6 +41,7 @@ ModbusResult LinkSession::CheckEcu(bool& same) {
 }
 
 ModbusResult LinkSession::WriteRegister(std::uint16_t reg, std::uint16_t value) {
+  if (document_.AnotherEcu()) return ModbusResult::kLockTimeOut;
   const ModbusResult result = Link().WriteSingleRegister(ECU_SLAVE_ADDRESS, reg, value);
   if (result == ModbusResult::kOk) Image().StoreRegister(reg, value);
   return result;
@@ -48,11 +49,21 @@ ModbusResult LinkSession::WriteRegister(std::uint16_t reg, std::uint16_t value) 
 
 ModbusResult LinkSession::WriteRegisters(std::uint16_t first,
                                          std::span<const std::uint16_t> values) {
+  if (document_.AnotherEcu()) return ModbusResult::kLockTimeOut;
   const ModbusResult result = Link().WriteMultipleRegisters(ECU_SLAVE_ADDRESS, first, values);
   if (result != ModbusResult::kOk) return result;
   for (std::size_t i = 0; i < values.size(); ++i) {
     Image().StoreRegister(static_cast<std::uint16_t>(first + i), values[i]);
   }
+  return result;
+}
+
+ModbusResult LinkSession::ReadRegister(std::uint16_t reg, std::uint16_t& value) {
+  std::vector<std::uint16_t> words;
+  const ModbusResult result = Link().ReadHoldingRegisters(ECU_SLAVE_ADDRESS, reg, 1, words);
+  if (result != ModbusResult::kOk) return result;
+  value = words.front();
+  Image().StoreRegister(reg, value);
   return result;
 }
 

@@ -18,6 +18,9 @@ namespace zelorgas {
 inline constexpr FixedText kParameterNotLoaded =
     FixedText::Of("The parameter could not be loaded into the target system!");
 
+inline constexpr FixedText kAnotherEcuAnswers =
+    FixedText::Of("Another ECU answers than the one that was connected to!");
+
 class LinkSession {
  public:
   // What has to pass between the request to pause and the first exchange.
@@ -42,9 +45,12 @@ class LinkSession {
   ModbusResult CheckEcu(bool& same);
 
   // Write holding registers of the ECU with function 6 or 16; what it has taken is in the image
-  // then. On a failure the image keeps its words.
+  // then. On a failure the image keeps its words. Nothing is sent, and the result is kLockTimeOut,
+  // once the polling has found another ECU.
   ModbusResult WriteRegister(std::uint16_t reg, std::uint16_t value);
   ModbusResult WriteRegisters(std::uint16_t first, std::span<const std::uint16_t> values);
+  // What a register holds. With kOk it is in the image too, and in `value`.
+  ModbusResult ReadRegister(std::uint16_t reg, std::uint16_t& value);
 
  private:
   void WaitUntilIdle();

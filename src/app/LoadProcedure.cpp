@@ -80,7 +80,7 @@ LoadProcedure::Outcome LoadProcedure::RunSteps(const LoadRequest& request) {
   if (Outcome refused{}; !AcceptFile(request, refused)) return refused;
   if (!ReadPresent()) return Outcome::kNotBegun;
   if (!StoreBackup(request)) return Outcome::kNoBackup;
-  const ConfigurationBlock block = result_.file.Over(present_);
+  const ConfigurationBlock block = second_map_.Over(result_.file.Over(present_));
   if (!Write(block)) {
     Message text(FixedText::Of("%1 of %2 values have been written."), result_.words_written,
                  kBlockWords);
@@ -99,25 +99,31 @@ Message LoadProcedure::BackupText() const {
 }
 
 std::size_t LoadProcedure::RoutingMap(const LoadRequest& request) const {
-  return request.routing_map.value_or(document_.RoutingMap());
+  return request.both_maps ? 0 : request.routing_map.value_or(document_.RoutingMap());
 }
 
 bool LoadProcedure::AcceptFile(const LoadRequest& request, Outcome& outcome) {
-  result_.file =
-      ReadConfigurationFile(request.file, document_.Snapshot().block, RoutingMap(request));
-  if (!result_.file.Usable()) {
-    const std::vector<Message>& faults = result_.file.faults;
+  const ConfigurationBlock image = document_.Snapshot().block;
+  result_.file = ReadConfigurationFile(request.file, image, RoutingMap(request));
+  second_map_ = {};
+  if (request.both_maps) second_map_ = ReadConfigurationFile(SecondMapFile(request.file), image, 1);
+  return AcceptContent(result_.file, outcome) && AcceptContent(second_map_, outcome);
+}
+
+bool LoadProcedure::AcceptContent(const LoadedConfiguration& content, Outcome& outcome) {
+  if (!content.Usable()) {
+    const std::vector<Message>& faults = content.faults;
     boxes_.Status(faults.size() > 1 ? Message(FixedText::Of("%1 (and %2 more)"), faults.front(),
                                               faults.size() - 1)
                                     : faults.front());
     outcome = Outcome::kBadFile;
     return false;
   }
-  if (result_.file.damage.empty()) return true;
+  if (content.damage.empty()) return true;
   outcome = Outcome::kDamaged;
   return boxes_.Ask({FixedText::Of("The file is damaged:\n%1\nOnly a part of the configuration may "
                                    "be in it. Do you want to load what is left?"),
-                     result_.file.damage});
+                     content.damage});
 }
 
 bool LoadProcedure::Persist(const std::function<ModbusResult(LinkSession&)>& attempt,
@@ -160,7 +166,10 @@ bool LoadProcedure::StoreBackup(const LoadRequest& request) {
       boxes_.WordsOf({FixedText::Of("What the ECU held before %1 was loaded into it"),
                       PathText(request.file.filename())});
   Message problem;
-  if (WriteConfigurationFile(file, present_, RoutingMap(request), notes, problem)) {
+  const bool stored = request.both_maps ? WriteBackup(file, present_, notes, problem)
+                                        : WriteConfigurationFile(
+                                              file, present_, RoutingMap(request), notes, problem);
+  if (stored) {
     result_.backup = file;
     return true;
   }

@@ -36,9 +36,6 @@ inline constexpr FixedText kConfigurationNotLoaded =
 inline constexpr FixedText kConfigurationUnchecked =
     FixedText::Of("The configuration has been written, but could not be read back and compared");
 
-inline constexpr FixedText kAnotherEcuAnswers =
-    FixedText::Of("Another ECU answers than the one that was connected to!");
-
 enum class TransferStage : std::uint8_t { kReading, kWriting, kChecking, kDone };
 
 // Called between two exchanges: how many of the kBlockWords words the stage has moved. kDone comes
@@ -53,6 +50,9 @@ struct LoadRequest {
   std::filesystem::path backup_folder;  // as BackupFolder gives it
   // Which routing map the file carries; the document's when nothing is said.
   std::optional<std::size_t> routing_map = std::nullopt;
+  // `file` is a backup of both routing maps: it carries the first one, and its second file is
+  // loaded with it.
+  bool both_maps = false;
 };
 
 struct LoadResult {
@@ -93,6 +93,7 @@ class LoadProcedure {
   Outcome RunSteps(const LoadRequest& request);
   // False when the file is not to be loaded; `outcome` says why.
   [[nodiscard]] bool AcceptFile(const LoadRequest& request, Outcome& outcome);
+  [[nodiscard]] bool AcceptContent(const LoadedConfiguration& content, Outcome& outcome);
   [[nodiscard]] bool ReadPresent();
   [[nodiscard]] std::size_t RoutingMap(const LoadRequest& request) const;
   [[nodiscard]] bool StoreBackup(const LoadRequest& request);
@@ -111,7 +112,8 @@ class LoadProcedure {
   MessageBoxes& boxes_;
   const TransferProgress progress_;
   LoadResult result_;
-  ConfigurationBlock present_{};  // what the ECU held
+  LoadedConfiguration second_map_;  // of a backup of both; gives nothing otherwise
+  ConfigurationBlock present_{};    // what the ECU held
 };
 
 // What the ECU holds instead, a line a cell; a long list is cut, with the number of the rest.

@@ -6,9 +6,9 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::array<CommandOption, 1> kFirmwareOptions{{{"--yes", false}}};
+constexpr std::array<CommandOption, 2> kFirmwareOptions{{{"--yes", false}, {"--no-backup", false}}};
 constexpr std::array<CommandOption, 2> kReadOptions{{{"--notes"}, {"--yes", false}}};
-constexpr std::array<CommandOption, 1> kWriteOptions{{{"--yes", false}}};
+constexpr std::array<CommandOption, 2> kWriteOptions{{{"--yes", false}, {"--both-maps", false}}};
 constexpr std::array<CommandOption, 2> kLiveOptions{{{"--seconds"}, {"--csv"}}};
 constexpr std::array<CommandOption, 3> kRecordOptions{
     {{"--seconds"}, {"--notes"}, {"--yes", false}}};
@@ -24,9 +24,10 @@ constexpr auto kCommands = std::to_array<Command>({
      "reads the configuration and stores it; asks before it writes over a file, without a\n"
      "terminal it needs --yes for that",
      RunRead, kReadOptions},
-    {"write", "write FILE.fob [--yes]",
+    {"write", "write FILE.fob [--both-maps] [--yes]",
      "loads the file into the ECU: stores what the ECU holds in storage/backup, writes, reads\n"
-     "back and compares; asks first, without a terminal it needs --yes",
+     "back and compares; asks first, without a terminal it needs --yes. With --both-maps it is a\n"
+     "backup of both routing maps, and FILE_map2.fob beside it is loaded too",
      RunWrite, kWriteOptions},
     {"show", "show FILE.fob|FILE.osc", "prints a configuration, or what a recording holds",
      RunShow},
@@ -58,14 +59,15 @@ constexpr auto kCommands = std::to_array<Command>({
     {"clear-errors", "clear-errors [--yes]",
      "deletes all stored errors; asks first, without a terminal it needs --yes", RunClearErrors,
      kErrorOptions},
-    {"erase", "erase [--yes]",
-     "erases the ECU's firmware; asks first, without a terminal it needs --yes", RunErase,
-     kFirmwareOptions},
-    {"flash", "flash IMAGE.ebi [--yes]",
+    {"erase", "erase [--no-backup] [--yes]",
+     "erases the ECU's firmware; asks first, without a terminal it needs --yes. Stores what the\n"
+     "ECU holds in storage/backup before, and does not go on when that fails",
+     RunErase, kFirmwareOptions},
+    {"flash", "flash IMAGE.ebi [--no-backup] [--yes]",
      "replaces the ECU's firmware by the image; asks first, without a terminal it needs --yes.\n"
-     "Stores what the ECU holds in storage/backup before. Do not switch the ignition off before "
-     "it\n"
-     "is done. Ctrl+C stops it as long as nothing is erased, and later when pressed twice.\n"
+     "Stores what the ECU holds in storage/backup before, and does not go on when that fails. Do\n"
+     "not switch the ignition off before it is done. Ctrl+C stops it as long as nothing is\n"
+     "erased, and later when pressed twice.\n"
      "--attempts counts from 3 up",
      RunFlash, kFirmwareOptions},
     {"modbus",

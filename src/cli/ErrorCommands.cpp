@@ -80,14 +80,12 @@ ExitStatus RunErrors(CliSession& session, std::span<const std::string> arguments
   if (const ExitStatus status = ecu.Connect(); status != ExitStatus::kDone) return status;
   ErrorLog& log = ecu.Log();
   const ModbusResult result = log.ReadErrors();
-  bool nothing = true;
   for (const auto& [name, bank] : kBanks) {
-    nothing &= !log.Known(bank);
     if (!log.Known(bank)) {
       session.Message("the " + std::string(name) + " errors could not be read");
     }
   }
-  if (!nothing) session.Json() ? PrintJson(session, log) : PrintText(session, log);
+  session.Json() ? PrintJson(session, log) : PrintText(session, log);
   return result == ModbusResult::kOk ? ExitStatus::kDone : ExitStatus::kRefused;
 }
 

@@ -200,7 +200,7 @@ void PrintDifferences(CliSession& session, std::span<const BlockDifference> diff
 
 // Reading takes long; a file that cannot be written is told before. The folders on the way to it
 // may be still to come.
-bool CanStoreAt(std::filesystem::path path, std::string& reason) {
+bool CanStoreAt(std::filesystem::path path, Message& reason) {
   std::error_code error;
   for (std::filesystem::path folder = path.parent_path();
        !folder.empty() && folder != path && !std::filesystem::exists(folder, error);
@@ -229,8 +229,8 @@ ExitStatus StatusOf(LoadResult::Outcome outcome) {
 ExitStatus RunRead(CliSession& session, std::span<const std::string> arguments) {
   if (arguments.size() != 1) return session.UsageError("read needs the file to store in");
   const std::filesystem::path path = PathFromText(arguments.front());
-  if (std::string reason; !CanStoreAt(path, reason)) {
-    session.Message("cannot write " + arguments.front() + ": " + reason);
+  if (Message reason; !CanStoreAt(path, reason)) {
+    session.Message("cannot write " + arguments.front() + ": " + reason.English());
     return ExitStatus::kFileFailure;
   }
   if (StoreTargetOf(path) == StoreTarget::kExisting) {
@@ -279,9 +279,10 @@ ExitStatus RunWrite(CliSession& session, std::span<const std::string> arguments)
     return status;
   }
   AnsweredBoxes boxes(session, WriteIsAnswered);
-  const LoadResult result =
-      LoadProcedure(session.Document(), boxes)
-          .Run({.file = PathFromText(name), .backup_folder = BackupFolder(WorkingFolder())});
+  const LoadResult result = LoadProcedure(session.Document(), boxes)
+                                .Run({.file = PathFromText(name),
+                                      .backup_folder = BackupFolder(WorkingFolder()),
+                                      .both_maps = session.Option("--both-maps").has_value()});
   const ExitStatus status = StatusOf(result.outcome);
   if (status == ExitStatus::kFileFailure) return status;
   if (session.Json()) {

@@ -79,7 +79,8 @@ class ProgressLines {
   bool drawn_ = false;
 };
 
-// The console, where --yes has answered all questions before they are asked.
+// The console, where --yes has answered all questions before they are asked, but for the one about
+// an update without a backup: a script must not lose a configuration unseen.
 class UpdateBoxes final : public MessageBoxes {
  public:
   UpdateBoxes(CliSession& session, ProgressLines& progress)
@@ -93,6 +94,11 @@ class UpdateBoxes final : public MessageBoxes {
     console_.Inform(text, icon);
   }
   bool Ask(const Message& text) override {
+    const bool about_backup = text == kNoCopyQuestion.English();
+    if (about_backup && yes_) {
+      session_.Message("nothing has been erased; with --no-backup it goes on without a copy");
+      return false;
+    }
     if (!yes_ && !console_.Ask(text)) return false;
     // While a question stands there, Ctrl+C ends the program as it does anywhere.
     if (!std::exchange(begun_, true)) session_.Environment().catch_interrupts(kInterrupts);
@@ -147,7 +153,9 @@ class Update {
   // What to do when the ECU has its new firmware.
   [[nodiscard]] std::string Advice() const {
     std::string text(kAfterwards);
-    if (stored_) text += "\nWhat it held before: zelorgas-cli write " + PathText(*stored_);
+    if (stored_) {
+      text += "\nWhat it held before: zelorgas-cli write --both-maps " + PathText(*stored_);
+    }
     return text;
   }
 
@@ -176,18 +184,21 @@ class Update {
   }
 
   [[nodiscard]] FirmwareHooks Hooks() {
-    return {.progress =
-                [this](const FlashProgress& progress) {
-                  AnswerInterrupt();
-                  lines_.Show(progress);
-                },
-            .stop_wanted =
-                [this](bool erasing) {
-                  AnswerInterrupt();
-                  if (!erasing) start_ = session_.Environment().clock.Now();
-                  return answered_ > (erasing ? 1U : 0U);
-                },
-            .store_configuration = [this](const EcuIdentity&) { return StoreConfiguration(); }};
+    FirmwareHooks hooks = {
+        .progress =
+            [this](const FlashProgress& progress) {
+              AnswerInterrupt();
+              lines_.Show(progress);
+            },
+        .stop_wanted =
+            [this](bool erasing) {
+              AnswerInterrupt();
+              if (!erasing) start_ = session_.Environment().clock.Now();
+              return answered_ > (erasing ? 1U : 0U);
+            },
+        .store_configuration = [this](const EcuIdentity&) { return StoreConfiguration(); }};
+    if (session_.Option("--no-backup")) hooks.store_configuration = {};
+    return hooks;
   }
 
   // Between two looks at the line, and between two exchanges.
@@ -201,7 +212,6 @@ class Update {
   bool StoreConfiguration() {
     Message problem;
     stored_ = BackUpConfiguration(session_.Document(), BackupFolder(WorkingFolder()),
-                                  session_.Document().RoutingMap(),
                                   "What the ECU held before its firmware was updated", problem);
     session_.Message(stored_ ? "the configuration is stored in " + PathText(*stored_)
                              : "the configuration could not be stored: " + problem.English());

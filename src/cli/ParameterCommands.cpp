@@ -6,6 +6,7 @@
 #include "cli/Commands.h"
 #include "cli/ParameterTarget.h"
 #include "cli/Text.h"
+#include "injectors/Catalogues.h"
 
 namespace zelorgas {
 namespace {
@@ -26,19 +27,25 @@ struct Assignment {
   std::optional<Choice> choice;
 };
 
+// In an ECU with a pressure sensor or one with an on/off switch.
+bool CanBeChosen(ChoiceList list, std::size_t entry) {
+  return !WritesOf(list, entry, {}).empty() ||
+         !WritesOf(list, entry, {.switch_mode = true}).empty();
+}
+
 // The entry that `name` stands for; nothing, with the reason in `problem`, when it cannot be
 // chosen.
 std::optional<Choice> ReadChoice(const ParameterTarget& target, ChoiceList list,
                                  std::string_view name, std::string& problem) {
   const auto entry = EntryNamed(list, name);
-  if (entry && !WritesOf(list, *entry, {}).empty()) return Choice{list, *entry};
+  if (entry && CanBeChosen(list, *entry)) return Choice{list, *entry};
   if (entry) {
     problem = "\"" + std::string(name) + "\" cannot be chosen";
     return std::nullopt;
   }
   problem = target.Text() + " takes a number from 0 to " + std::to_string(target.MaxValue());
   for (const std::string_view known : EntryNames(list)) {
-    if (!WritesOf(list, *EntryNamed(list, known), {}).empty()) problem += ", " + std::string(known);
+    if (CanBeChosen(list, *EntryNamed(list, known))) problem += ", " + std::string(known);
   }
   problem += "; not \"" + std::string(name) + "\"";
   return std::nullopt;
@@ -65,11 +72,11 @@ std::optional<Assignment> ReadAssignment(std::string_view text, std::string& pro
   return Assignment{{*target, *value}, std::nullopt};
 }
 
-// What the assignment writes to an ECU of this firmware, in the order of the writes.
-std::vector<TargetValue> WritesOf(const Assignment& assignment, char firmware_identification) {
+// What the assignment writes to such an ECU, in the order of the writes; nothing for a choice that
+// cannot be made there.
+std::vector<TargetValue> WritesOf(const Assignment& assignment, const ChoiceContext& context) {
   if (!assignment.choice) return {assignment.plain};
-  const auto writes = WritesOf(assignment.choice->list, assignment.choice->entry,
-                               {.firmware_identification = firmware_identification});
+  const auto writes = WritesOf(assignment.choice->list, assignment.choice->entry, context);
   // A range leaves the other bits of its register alone, so it is written as the parameter.
   if (assignment.choice->list == ChoiceList::kLambdaRange) {
     return {{assignment.plain.target, writes.front().value}};
@@ -82,21 +89,45 @@ std::vector<TargetValue> WritesOf(const Assignment& assignment, char firmware_id
   return values;
 }
 
-// What it may write, whatever firmware the ECU has.
+// What it may write, whatever the ECU.
 std::vector<TargetValue> AllWritesOf(const Assignment& assignment) {
-  std::vector<TargetValue> values = WritesOf(assignment, '$');
-  const std::vector<TargetValue> newer = WritesOf(assignment, '\'');
-  values.insert(values.end(), newer.begin(), newer.end());
+  std::vector<TargetValue> values;
+  for (const ChoiceContext& context :
+       {ChoiceContext{'$'}, ChoiceContext{'\''}, ChoiceContext{.switch_mode = true}}) {
+    const std::vector<TargetValue> more = WritesOf(assignment, context);
+    values.insert(values.end(), more.begin(), more.end());
+  }
   return values;
 }
 
-// The firmware identification byte of the ECU on the line.
-ModbusResult ReadIdentification(ModbusMaster& ecu, char& identification) {
-  std::vector<std::uint16_t> words;
-  const ModbusResult result =
-      ecu.ReadInputRegisters(ECU_SLAVE_ADDRESS, kSoftwareVersionRegister, 1, words);
-  if (result == ModbusResult::kOk) identification = static_cast<char>(words.front() & 0xFFU);
-  return result;
+// Finds out what the writes depend on in the ECU on the line. A failure has been explained to the
+// user.
+ExitStatus ReadContext(CliSession& session, std::span<const Assignment> assignments,
+                       ChoiceContext& context) {
+  const auto has = [assignments](ChoiceList list) {
+    return std::ranges::any_of(assignments, [list](const Assignment& assignment) {
+      return assignment.choice && assignment.choice->list == list;
+    });
+  };
+  if (has(ChoiceList::kInjectorType)) {
+    std::vector<std::uint16_t> words;
+    const ModbusResult result =
+        session.Ecu().ReadInputRegisters(ECU_SLAVE_ADDRESS, kSoftwareVersionRegister, 1, words);
+    if (result != ModbusResult::kOk) return session.LinkError("software version", result);
+    context.firmware_identification = static_cast<char>(words.front() & 0xFFU);
+  }
+  if (has(ChoiceList::kGasPressureSensor)) {
+    const auto target = ParameterTarget::OfParameter(ParameterOf(ChoiceList::kGasPressureSensor));
+    std::uint16_t type = 0;
+    const ModbusResult result = target.Read(session.Ecu(), type);
+    if (result != ModbusResult::kOk) return session.LinkError(target.Text(), result);
+    context.switch_mode = type == kSwitchSensorType;
+    if (context.switch_mode) {
+      session.Message("the ECU has an on/off pressure switch (" + target.Text() +
+                      " is 0): the entry is written as a switch's");
+    }
+  }
+  return ExitStatus::kDone;
 }
 
 void PrintValues(CliSession& session, std::span<const TargetValue> values) {
@@ -180,17 +211,19 @@ ExitStatus RunSet(CliSession& session, std::span<const std::string> arguments) {
     assignments.push_back(*assignment);
   }
   if (const ExitStatus status = session.OpenLink(); status != ExitStatus::kDone) return status;
-  char identification = 0;
-  const auto depends_on_firmware = [](const Assignment& assignment) {
-    return assignment.choice && assignment.choice->list == ChoiceList::kInjectorType;
-  };
-  if (std::ranges::any_of(assignments, depends_on_firmware)) {
-    const ModbusResult result = ReadIdentification(session.Ecu(), identification);
-    if (result != ModbusResult::kOk) return session.LinkError("software version", result);
+  ChoiceContext context;
+  if (const ExitStatus status = ReadContext(session, assignments, context);
+      status != ExitStatus::kDone) {
+    return status;
   }
   std::vector<TargetValue> writes;
   for (const Assignment& assignment : assignments) {
-    const std::vector<TargetValue> more = WritesOf(assignment, identification);
+    const std::vector<TargetValue> more = WritesOf(assignment, context);
+    if (more.empty()) {
+      return session.UsageError("for " + assignment.plain.target.Text() + " \"" +
+                                std::string(kNoSensor) +
+                                "\" can only be chosen where the ECU has an on/off switch");
+    }
     writes.insert(writes.end(), more.begin(), more.end());
   }
   for (std::size_t i = 0; i < writes.size(); ++i) {

@@ -71,9 +71,9 @@ ExitStatus CheckTarget(CliSession& session, const std::string& name) {
     session.Message("there is no folder " + PathText(folder));
     return ExitStatus::kFileFailure;
   }
-  std::string reason;
+  Message reason;
   if (!CanWriteWholeFile(path, reason)) {
-    session.Message(name + " cannot be written: " + reason);
+    session.Message(name + " cannot be written: " + reason.English());
     return ExitStatus::kFileFailure;
   }
   if (StoreTargetOf(path) != StoreTarget::kExisting) return ExitStatus::kDone;

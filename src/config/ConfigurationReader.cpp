@@ -358,7 +358,7 @@ LoadedConfiguration ReadConfigurationText(std::string text, const ConfigurationB
 LoadedConfiguration ReadConfigurationFile(const std::filesystem::path& file,
                                           const ConfigurationBlock& base, std::size_t routing_map) {
   std::string text;
-  std::string reason;
+  Message reason;
   if (!ReadWholeFile(file, text, reason, kLargestConfiguration)) {
     LoadedConfiguration nothing;
     nothing.block = nothing.shown = base;

@@ -165,7 +165,7 @@ bool WriteConfigurationFile(const std::filesystem::path& file, const Configurati
     problem = {FixedText::Of("Cannot write %1: the notes are too long"), PathText(file)};
     return false;
   }
-  std::string reason;
+  Message reason;
   if (file.has_parent_path() && !CreateFolders(file.parent_path(), reason)) {
     problem = {FixedText::Of("Cannot create %1: %2"), PathText(file.parent_path()), reason};
     return false;

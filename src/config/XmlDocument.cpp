@@ -27,7 +27,7 @@ std::string XmlDocument::ErrorText() const {
 
 bool XmlDocument::Load(const std::filesystem::path& path, std::uintmax_t largest) {
   std::string text;
-  std::string reason;
+  Message reason;
   if (!ReadWholeFile(path, text, reason, largest)) {
     result_ = {FixedText::Of("Cannot open %1: %2, 0 bytes"), PathText(path), reason};
     return false;
@@ -38,7 +38,7 @@ bool XmlDocument::Load(const std::filesystem::path& path, std::uintmax_t largest
 }
 
 bool XmlDocument::Save(const std::filesystem::path& path) {
-  std::string reason;
+  Message reason;
   const bool saved = WriteWholeFile(path, text_, reason);
   result_ = saved ? Message(FixedText::Of("Saved %1 bytes"), text_.size())
                   : Message(FixedText::Of("Cannot write %1: %2, 0 bytes"), PathText(path), reason);

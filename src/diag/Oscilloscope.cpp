@@ -33,7 +33,7 @@ void Oscilloscope::AddSample(const ScopeSample& sample) {
     if (samples.size() >= capacity) samples.pop_back();
     samples.push_front(sample[i]);
   }
-  unsaved_ = true;
+  ++changes_;
 }
 
 std::array<std::optional<double>, kScopeChannels> Oscilloscope::ReadOut(double seconds) const {
@@ -46,12 +46,16 @@ std::array<std::optional<double>, kScopeChannels> Oscilloscope::ReadOut(double s
 void Oscilloscope::SetNotes(std::string notes) {
   if (notes == traces_.notes) return;
   traces_.notes = std::move(notes);
-  unsaved_ = traces_.Length() > 0 || !traces_.notes.empty();
+  ++changes_;
+}
+
+bool Oscilloscope::Unsaved() const {
+  return changes_ != saved_changes_ && (traces_.Length() > 0 || !traces_.notes.empty());
 }
 
 void Oscilloscope::Show(ScopeTraces traces) {
   traces_ = std::move(traces);
-  unsaved_ = false;
+  saved_changes_ = ++changes_;
 }
 
 }  // namespace zelorgas

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <utility>
@@ -11,6 +12,12 @@
 #include "diag/ScopeChannels.h"
 
 namespace zelorgas {
+
+// What the oscilloscope held at one moment, for a file that is named and written later.
+struct ScopeSnapshot {
+  ScopeTraces traces;
+  std::uint64_t changes = 0;
+};
 
 class Oscilloscope {
  public:
@@ -49,9 +56,14 @@ class Oscilloscope {
   [[nodiscard]] const std::string& Notes() const { return traces_.notes; }
   void SetNotes(std::string notes);
 
+  // Grows by one with every sample of all channels, and with every other change of what a file
+  // would hold.
+  [[nodiscard]] std::uint64_t Changes() const { return changes_; }
+  [[nodiscard]] ScopeSnapshot Snapshot() const { return {traces_, changes_}; }
   // True when the traces or the notes are in no file.
-  [[nodiscard]] bool Unsaved() const { return unsaved_; }
-  void MarkSaved() { unsaved_ = false; }
+  [[nodiscard]] bool Unsaved() const;
+  // What was there at that number of changes is in a file.
+  void MarkSaved(std::uint64_t changes) { saved_changes_ = changes; }
   // Shows a recording from a file in place of what was there.
   void Show(ScopeTraces traces);
 
@@ -59,7 +71,8 @@ class Oscilloscope {
   ScopeTraces traces_;
   double time_scale_ = 1;
   bool recording_ = true;
-  bool unsaved_ = false;
+  std::uint64_t changes_ = 0;
+  std::uint64_t saved_changes_ = 0;
 };
 
 }  // namespace zelorgas

@@ -7,6 +7,17 @@
 #include "platform/FileSystem.h"
 
 namespace zelorgas {
+namespace {
+
+bool CreateFolderOf(const std::filesystem::path& path, Message& reason) {
+  if (!path.has_parent_path()) return true;
+  Message problem;
+  if (CreateFolders(path.parent_path(), problem)) return true;
+  reason = {FixedText::Of("Cannot create %1: %2"), PathText(path.parent_path()), problem};
+  return false;
+}
+
+}  // namespace
 
 bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path, Message& reason) {
   XmlDocument document = RecordingDocument(traces);
@@ -27,25 +38,26 @@ RecordingContents LoadRecordingFile(const std::filesystem::path& path) {
   return ReadRecording(document);
 }
 
-bool SaveRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
-                   MessageBoxes& boxes) {
+bool SaveRecording(Oscilloscope& oscilloscope, const ScopeSnapshot& seen,
+                   const std::filesystem::path& path, MessageBoxes& boxes) {
   if (StoreTargetOf(path) == StoreTarget::kExisting && !boxes.Ask(kStoreQuestion)) return false;
   Message reason;
-  if (!WriteRecording(oscilloscope.Traces(), path, reason)) {
+  if (!CreateFolderOf(path, reason) || !WriteRecording(seen.traces, path, reason)) {
     boxes.Status(reason);
     boxes.Inform(kConfigurationNotStored, MessageIcon::kError);
     return false;
   }
-  oscilloscope.MarkSaved();
+  oscilloscope.MarkSaved(seen.changes);
   boxes.Status({FixedText::Of("Saved %1"), PathText(path)});
   return true;
 }
 
-bool LoadRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
-                   MessageBoxes& boxes) {
-  if (!MayDropRecording(oscilloscope, boxes)) return false;
+RecordingLoad LoadRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
+                            MessageBoxes& boxes) {
+  if (!MayDropRecording(oscilloscope, boxes)) return RecordingLoad::kDeclined;
   RecordingContents contents = LoadRecordingFile(path);
-  if (!contents.detail.empty()) boxes.Status(contents.detail);
+  boxes.Status(contents.detail.empty() ? Message(FixedText::Of("Loaded %1"), PathText(path))
+                                       : contents.detail);
   if (contents.fault != RecordingFault::kNoRecording) {
     // The next live record would push the loaded ones on.
     oscilloscope.SetRecording(false);
@@ -55,7 +67,9 @@ bool LoadRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path
   const bool complete = contents.fault == RecordingFault::kNone;
   boxes.Inform(complete ? kConfigurationLoaded : kConfigurationNotLoaded,
                complete ? MessageIcon::kInformation : MessageIcon::kError);
-  return complete;
+  if (complete) return RecordingLoad::kLoaded;
+  return contents.fault == RecordingFault::kIncomplete ? RecordingLoad::kIncomplete
+                                                       : RecordingLoad::kFailed;
 }
 
 bool MayDropRecording(const Oscilloscope& oscilloscope, MessageBoxes& boxes) {

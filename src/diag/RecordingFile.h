@@ -2,6 +2,7 @@
 // thread that owns the oscilloscope.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -24,17 +25,24 @@ inline constexpr FixedText kRecordingUnsaved =
 // kNoRecording also for a file that cannot be read.
 [[nodiscard]] RecordingContents LoadRecordingFile(const std::filesystem::path& path);
 
-// Saves what the oscilloscope shows; asks before it writes over a file. The status line tells how
-// it went; a failure also gets a message box.
-bool SaveRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
-                   MessageBoxes& boxes);
+// Saves what the oscilloscope held when the person asked for it, `seen`; what has come since stays
+// unsaved. Asks before it writes over a file, and makes the folders that are missing. The status
+// line tells how it went; a failure also gets a message box.
+bool SaveRecording(Oscilloscope& oscilloscope, const ScopeSnapshot& seen,
+                   const std::filesystem::path& path, MessageBoxes& boxes);
+
+enum class RecordingLoad : std::uint8_t {
+  kDeclined,    // by the person; everything is as it was
+  kFailed,      // the file is no recording, or cannot be read; everything is as it was
+  kIncomplete,  // what could be read is shown
+  kLoaded,
+};
 
 // Shows the file's recording in place of the present one, stopped and on a time axis that takes it;
-// asks first when the present one is unsaved. A file that is no recording leaves everything as it
-// was. Pieces that are no numbers are left out, and the rest is shown, with the error message. The
-// status line tells what is wrong. True when everything was read.
-bool LoadRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
-                   MessageBoxes& boxes);
+// asks first when the present one is unsaved. Pieces that are no numbers are left out, and the rest
+// is shown, with the error message. The status line tells what is wrong.
+RecordingLoad LoadRecording(Oscilloscope& oscilloscope, const std::filesystem::path& path,
+                            MessageBoxes& boxes);
 
 // For whoever is about to drop the recording: true when it is saved or may be lost.
 [[nodiscard]] bool MayDropRecording(const Oscilloscope& oscilloscope, MessageBoxes& boxes);

@@ -61,7 +61,9 @@ ScopeSample ScopeSampleOf(const EcuImage& image, const LiveRecord& record) {
 }
 
 std::size_t ScopeTraces::Length() const {
-  return std::ranges::max(channels, {}, [](const auto& samples) { return samples.size(); }).size();
+  std::size_t longest = 0;
+  for (const std::deque<double>& samples : channels) longest = std::max(longest, samples.size());
+  return longest;
 }
 
 std::array<std::optional<double>, kScopeChannels> ScopeReadOut(const ScopeTraces& traces,

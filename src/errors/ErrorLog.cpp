@@ -59,28 +59,42 @@ bool ErrorLog::DeleteError(std::uint16_t code, ErrorBank bank) {
   // Past the end of a bank lie registers of something else.
   if (FindErrorDefinition(bank, code) == nullptr) return FailRequest();
   const auto reg = static_cast<std::uint16_t>(FirstErrorRegister(bank) + code);
-  if (LinkSession(document_, LinkSession::Wait::kGrace).WriteRegister(reg, 0) !=
-      ModbusResult::kOk) {
-    return FailRequest();
+  if (!RunOnSameEcu([reg](LinkSession& session) { return session.WriteRegister(reg, 0); })) {
+    return false;
   }
   sheet_.Page(bank).removeError(code);
   return true;
 }
 
 bool ErrorLog::DeleteAllErrors() {
-  if (!EraseBanks()) return FailRequest();
+  const auto coil = EraseCoil(document_.Snapshot().FirmwareIdentification());
+  if (!coil) return FailRequest();
+  const auto erase = [&coil](LinkSession& session) {
+    // The ECU erases when the coil goes on; that it was off before is not worth a failure.
+    static_cast<void>(session.Link().WriteSingleCoil(ECU_SLAVE_ADDRESS, *coil, 0));
+    return session.Link().WriteSingleCoil(ECU_SLAVE_ADDRESS, *coil, 1);
+  };
+  if (!RunOnSameEcu(erase)) return false;
   sheet_.clear();
   known_.fill(true);
   return true;
 }
 
-bool ErrorLog::EraseBanks() {
-  LinkSession session(document_, LinkSession::Wait::kGrace);
-  const auto coil = EraseCoil(session.Image().FirmwareIdentification());
-  if (!coil) return false;
-  // The ECU erases when the coil goes on; that it was off before is not worth a failure.
-  static_cast<void>(session.Link().WriteSingleCoil(ECU_SLAVE_ADDRESS, *coil, 0));
-  return session.Link().WriteSingleCoil(ECU_SLAVE_ADDRESS, *coil, 1) == ModbusResult::kOk;
+bool ErrorLog::RunOnSameEcu(const std::function<ModbusResult(LinkSession&)>& work) {
+  bool same = true;
+  ModbusResult result = ModbusResult::kOk;
+  {
+    LinkSession session(document_, LinkSession::Wait::kGrace);
+    result = session.CheckEcu(same);
+    if (result == ModbusResult::kOk && same) result = work(session);
+  }
+  if (!same) {
+    // The worker finds out as well, and says so to who connects.
+    document_.RequestRefresh();
+    boxes_.Inform(kAnotherEcuAnswers, MessageIcon::kExclamation);
+    return false;
+  }
+  return result == ModbusResult::kOk || FailRequest();
 }
 
 bool ErrorLog::FailRequest() {

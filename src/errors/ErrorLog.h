@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 
 #include "app/ClpgecuDoc.h"
 #include "app/LinkSession.h"
@@ -36,7 +37,8 @@ class ErrorLog final : public ErrorOwner {
   void Forget();
 
   // Sets the count of one error to 0 in the ECU and takes its entry away. On a failure, and for a
-  // code that the bank does not have, the person is told and the entry stays.
+  // code that the bank does not have, the person is told and the entry stays; likewise when another
+  // ECU answers than the one that was connected to, from which nothing is deleted.
   bool DeleteError(std::uint16_t code, ErrorBank bank) override;
   // Has the ECU erase both banks and clears both pages; the coil that does it depends on the
   // firmware. For firmware that has none, and on a failure, the person is told and the entries
@@ -45,7 +47,9 @@ class ErrorLog final : public ErrorOwner {
 
  private:
   ModbusResult ReadBank(LinkSession& session, ErrorBank bank);
-  [[nodiscard]] bool EraseBanks();
+  // Runs `work` on the link when the ECU is still the one whose errors are shown. What it returns;
+  // false, the person being told, on a failure.
+  bool RunOnSameEcu(const std::function<ModbusResult(LinkSession&)>& work);
   bool FailRequest();
 
   ClpgecuDoc& document_;

@@ -122,7 +122,7 @@ std::vector<RegisterWrite> WritesOf(ChoiceList list, std::size_t entry,
   if (entry >= names.size()) return {};
   if (list == ChoiceList::kGasPressureSensor && context.switch_mode) {
     return {Write("ONOFF_PRESSURE_SENSOR_TPYE", static_cast<std::uint16_t>(entry)),
-            Write("PRESSURE_SENSOR_TPYE", 0)};
+            Write("PRESSURE_SENSOR_TPYE", kSwitchSensorType)};
   }
   if (IsPlaceholder(list, names[entry])) return {};
   switch (list) {

@@ -42,6 +42,9 @@ inline constexpr std::array kChoiceLists{
 // does not know.
 [[nodiscard]] std::optional<std::size_t> EntryOfValue(ChoiceList list, std::uint16_t value);
 
+// PRESSURE_SENSOR_TPYE of an ECU with an on/off switch in the place of a pressure sensor.
+inline constexpr std::uint16_t kSwitchSensorType = 0;
+
 // What the writes depend on, besides the entry.
 struct ChoiceContext {
   char firmware_identification = 0;  // EcuImage::FirmwareIdentification

@@ -5,7 +5,6 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::uint16_t kSwitchSensorType = 0;  // PRESSURE_SENSOR_TPYE of an on/off switch
 constexpr std::uint16_t kTenthsOfOneMillimetre = 10;
 constexpr unsigned kSmallestEngineCc = 500;  // what counts as entered lies above
 

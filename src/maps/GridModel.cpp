@@ -4,7 +4,6 @@
 #include <array>
 #include <utility>
 
-#include "app/LinkSession.h"
 #include "maps/DecimalNumber.h"
 #include "maps/GridClipboard.h"
 
@@ -79,44 +78,44 @@ std::vector<TrailPoint> GridModel::Trail() const {
 GridResult GridModel::EditCell(GridCell cell, std::string_view text, const GridWatch& watch) {
   const std::optional<double> value = ParseDecimal(text);
   if (!value || !cell.InGrid()) return {.refused = true};
-  return Do({{cell.row, cell.column, *value}}, watch);
+  return Do([&] { return CItemStepList{{cell.row, cell.column, *value}}; }, watch);
 }
 
 GridResult GridModel::ModifyArea(std::span<const GridCell> cells, AreaChange change,
                                  const GridWatch& watch) {
   last_change_ = change;
-  return Do(ChangeArea(matrix_, ValidCells(cells), change), watch);
+  return Do([&] { return ChangeArea(matrix_, ValidCells(cells), change); }, watch);
 }
 
 GridResult GridModel::Nudge(double percent, NudgeDirection direction, const GridWatch& watch) {
   const double signed_percent = direction == NudgeDirection::kDecrease ? -percent : percent;
-  return Do(NudgeAround(matrix_, live_.Cell(), signed_percent), watch);
+  return Do([&] { return NudgeAround(matrix_, live_.Cell(), signed_percent); }, watch);
 }
 
 GridResult GridModel::Interpolate(std::span<const GridCell> cells, const GridWatch& watch) {
-  return Do(InterpolateArea(matrix_, ValidCells(cells)), watch);
+  return Do([&] { return InterpolateArea(matrix_, ValidCells(cells)); }, watch);
 }
 
 GridResult GridModel::Smooth(std::span<const GridCell> cells, const GridWatch& watch) {
-  return Do(SmoothArea(matrix_, ValidCells(cells)), watch);
+  return Do([&] { return SmoothArea(matrix_, ValidCells(cells)); }, watch);
 }
 
 GridResult GridModel::SetEqual(std::span<const GridCell> cells, GridCell source,
                                const GridWatch& watch) {
   if (!source.InGrid()) return {.refused = true};
-  return Do(SetAreaEqual(matrix_, ValidCells(cells), source), watch);
+  return Do([&] { return SetAreaEqual(matrix_, ValidCells(cells), source); }, watch);
 }
 
 GridResult GridModel::Step(std::span<const GridCell> cells, int hundredths,
                            const GridWatch& watch) {
-  return Do(StepArea(matrix_, ValidCells(cells), hundredths), watch);
+  return Do([&] { return StepArea(matrix_, ValidCells(cells), hundredths); }, watch);
 }
 
 GridResult GridModel::Paste(std::span<const GridCell> cells, std::string_view text,
                             const GridWatch& watch) {
   Message message;
   const std::optional<CItemStepList> points = PlaceBlock(text, ValidCells(cells), message);
-  if (points) return Do(*points, watch);
+  if (points) return Do([&] { return *points; }, watch);
   boxes_.Inform(message, MessageIcon::kExclamation);
   return {.refused = true};
 }
@@ -138,6 +137,7 @@ void GridModel::ForgetEcu() {
 void GridModel::ForgetSteps() {
   undo_.Clear();
   redo_.Clear();
+  in_doubt_.clear();
 }
 
 GridModel::CentresResult GridModel::WriteCentres(const GridAxes& centres) {
@@ -160,64 +160,135 @@ GridModel::CentresResult GridModel::WriteCentres(const GridAxes& centres) {
   return result;
 }
 
-GridResult GridModel::Do(const CItemStepList& points, const GridWatch& watch) {
-  if (writing_ || points.empty()) return {.refused = true};
-  Written written = WriteCells(points, Origin::kPerson, watch);
-  if (!written.before.empty()) redo_.Clear();
-  undo_.Push(std::move(written.before), ++actions_);
-  Tell(written.result);
-  return std::move(written.result);
+GridResult GridModel::Do(const Plan& plan, const GridWatch& watch) {
+  if (!Ready()) return {.refused = true};
+  const CItemStepList points = plan();
+  if (points.empty()) return {.refused = true};
+  return WriteCells(points, {nullptr, &undo_, ++actions_}, watch);
 }
 
 GridResult GridModel::TakeBack(CUndoStack& from, CUndoStack& to, const GridWatch& watch) {
-  if (writing_ || from.Empty()) return {.refused = true};
+  // What was in doubt may be what the person wants taken back once more: that is seen first.
+  const bool in_doubt = Unsettled();
+  if (!Ready() || in_doubt || from.Empty()) return {.refused = true};
   const CUndoStack::Step step = from.Pop();
-  Written written = WriteCells(step.points, Origin::kEcu, watch);
-  from.Push(std::move(written.left), step.action);
-  to.Push(std::move(written.before), step.action);
-  Tell(written.result);
-  return std::move(written.result);
+  return WriteCells(step.points, {&from, &to, step.action}, watch);
 }
 
-GridModel::Written GridModel::WriteCells(const CItemStepList& points, Origin origin,
-                                         const GridWatch& watch) {
-  Written written;
-  GridResult& result = written.result;
+GridResult GridModel::WriteCells(const CItemStepList& points, const Action& action,
+                                 const GridWatch& watch) {
+  GridResult result;
   writing_ = true;
   {
     LinkSession session(document_, LinkSession::Wait::kIdle);
     for (std::size_t i = 0; i < points.size(); ++i) {
       const C3Dpoint& point = points[i];
-      if (result.cancelled) {
-        written.left.push_back(point);
+      result.another_ecu = result.another_ecu || document_.AnotherEcu();
+      if (result.cancelled || result.another_ecu) {
+        Leave(point, action);
         continue;
       }
       // An undo puts back what the ECU had, in range or not.
-      const ClampedCoefficient wanted = origin == Origin::kPerson
+      const ClampedCoefficient wanted = action.from == nullptr
                                             ? ClampCoefficient(point.value)
                                             : ClampedCoefficient{point.value, false};
       result.clamped = result.clamped || wanted.clamped;
       const std::uint16_t word = TruncatedWord(wanted.value, kCoefficientScale);
-      if (session.WriteRegister(point.Cell().Register(), word) == ModbusResult::kOk) {
-        double& coefficient = matrix_[point.row][point.column];
-        written.before.push_back({point.row, point.column, coefficient});
-        coefficient = word / kCoefficientScale;
-        ++result.written;
-        if (watch.cell_written) watch.cell_written(point.Cell());
-      } else {
-        written.left.push_back(point);
-        result.failed.push_back(point.Cell());
-      }
+      WriteCell(session, {point, word, matrix_[point.row][point.column], action}, watch, result);
       const bool go_on = !watch.keep_going || watch.keep_going(i + 1, points.size());
       result.cancelled = !go_on && i + 1 < points.size();
     }
   }
   writing_ = false;
-  return written;
+  for (const Write& write : in_doubt_) result.failed.push_back(write.point.Cell());
+  Tell(result);
+  return result;
+}
+
+void GridModel::WriteCell(LinkSession& session, const Write& write, const GridWatch& watch,
+                          GridResult& result) {
+  // Behind a write without an answer the cable may lead to another car.
+  if (Unsettled() && !ReadBack(session, watch, result)) return TakeFailed(write, result);
+  const ModbusResult written = session.WriteRegister(write.point.Cell().Register(), write.word);
+  if (written == ModbusResult::kOk) return TakeWritten(write, watch, result);
+  if (IsException(written)) return TakeFailed(write, result);
+  in_doubt_.push_back(write);
+  static_cast<void>(ReadBack(session, watch, result));
+}
+
+void GridModel::TakeWritten(const Write& write, const GridWatch& watch, GridResult& result) {
+  const C3Dpoint& point = write.point;
+  matrix_[point.row][point.column] = write.word / kCoefficientScale;
+  if (write.action.from == nullptr) redo_.Clear();
+  write.action.to->Push({{point.row, point.column, write.before}}, write.action.number);
+  ++result.written;
+  if (watch.cell_written) watch.cell_written(point.Cell());
+}
+
+void GridModel::TakeFailed(const Write& write, GridResult& result) {
+  Leave(write.point, write.action);
+  result.failed.push_back(write.point.Cell());
+}
+
+void GridModel::Leave(const C3Dpoint& point, const Action& action) {
+  if (action.from != nullptr) action.from->Push({point}, action.number);
+}
+
+bool GridModel::ReadBack(LinkSession& session, const GridWatch& watch, GridResult& result) {
+  bool same = true;
+  if (session.CheckEcu(same) != ModbusResult::kOk) return false;
+  result.another_ecu = !same;
+  while (same && !in_doubt_.empty()) {
+    const Write write = in_doubt_.front();
+    std::uint16_t held = 0;
+    if (session.ReadRegister(write.point.Cell().Register(), held) != ModbusResult::kOk) {
+      return false;
+    }
+    in_doubt_.erase(in_doubt_.begin());
+    if (held == write.word) {
+      TakeWritten(write, watch, result);
+    } else {
+      matrix_[write.point.row][write.point.column] = held / kCoefficientScale;
+      TakeFailed(write, result);
+    }
+  }
+  return same;
+}
+
+GridResult GridModel::AskWhatIsInDoubt() {
+  GridResult result;
+  if (writing_ || !Unsettled()) return result;
+  writing_ = true;
+  {
+    LinkSession session(document_, LinkSession::Wait::kIdle);
+    static_cast<void>(ReadBack(session, {}, result));
+  }
+  writing_ = false;
+  return result;
+}
+
+bool GridModel::InDoubt(const CUndoStack& stack) const {
+  return std::ranges::any_of(in_doubt_,
+                             [&](const Write& write) { return write.action.from == &stack; });
+}
+
+bool GridModel::Ready() {
+  if (writing_) return false;
+  GridResult result = AskWhatIsInDoubt();
+  if (!Unsettled()) return true;
+  for (const Write& write : in_doubt_) result.failed.push_back(write.point.Cell());
+  Tell(result);
+  return false;
 }
 
 void GridModel::Tell(const GridResult& result) {
-  if (!result.failed.empty()) TellFailure();
+  if (result.another_ecu) {
+    // The worker finds out as well, and says so to who connects.
+    document_.RequestRefresh();
+    boxes_.Inform(kAnotherEcuAnswers, MessageIcon::kExclamation);
+  } else if (!result.failed.empty()) {
+    TellFailure();
+  }
   if (result.clamped) boxes_.Inform(kOutOfRangeInput, MessageIcon::kExclamation);
 }
 

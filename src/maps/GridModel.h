@@ -1,7 +1,8 @@
 // The correction grid as the program holds it and as a person changes it: coefficients, cell
 // centres, the live cell, undo and redo. Every change goes to the ECU at once, cell by cell, and
-// only what the ECU has taken is taken here and into the image; after a failure everything is read
-// from the ECU once more. Used by the user-interface thread.
+// only what the ECU has taken is taken here and into the image. A cell whose write got no answer is
+// read back: the ECU may have done it. After a failure everything is read from the ECU once more.
+// Used by the user-interface thread.
 #pragma once
 
 #include <cstddef>
@@ -13,10 +14,12 @@
 #include <vector>
 
 #include "app/ClpgecuDoc.h"
+#include "app/LinkSession.h"
 #include "app/MessageBoxes.h"
 #include "maps/CUndoStack.h"
 #include "maps/GridAxes.h"
 #include "maps/GridEdits.h"
+#include "maps/GridResult.h"
 #include "maps/LiveMarker.h"
 #include "platform/Message.h"
 
@@ -24,23 +27,6 @@ namespace zelorgas {
 
 inline constexpr FixedText kOutOfRangeInput =
     FixedText::Of("A value, out of the permitted range, is input!");
-
-// Who watches an action; either may be empty. They may let events run, but an action that they
-// start meanwhile is refused.
-struct GridWatch {
-  // The ECU, the image and the model hold the cell's new coefficient now.
-  std::function<void(GridCell)> cell_written;
-  // Asked after each cell, `done` of `total` being behind; false leaves the rest as it is.
-  std::function<bool(std::size_t done, std::size_t total)> keep_going;
-};
-
-struct GridResult {
-  bool refused = false;  // nothing was sent: no number, no cell, no step, or another action runs
-  std::size_t written = 0;
-  std::vector<GridCell> failed{};  // the ECU has not taken these, or has not answered
-  bool clamped = false;            // a value was out of range
-  bool cancelled = false;
-};
 
 enum class NudgeDirection : std::uint8_t { kIncrease, kDecrease };
 
@@ -99,8 +85,14 @@ class GridModel {
   // when the person cancelled, stays the newest step.
   GridResult Undo(const GridWatch& watch = {});
   GridResult Redo(const GridWatch& watch = {});
-  [[nodiscard]] bool CanUndo() const { return !undo_.Empty(); }
-  [[nodiscard]] bool CanRedo() const { return !redo_.Empty(); }
+  [[nodiscard]] bool CanUndo() const { return !undo_.Empty() || InDoubt(undo_); }
+  [[nodiscard]] bool CanRedo() const { return !redo_.Empty() || InDoubt(redo_); }
+
+  // True while nobody knows whether the ECU has done a write, as it did not answer any more. Settle
+  // asks it once it answers again; until then an edit is refused as a failure, and the first undo
+  // or redo afterwards does nothing else.
+  [[nodiscard]] bool Unsettled() const { return !in_doubt_.empty(); }
+  void Settle() { static_cast<void>(AskWhatIsInDoubt()); }
   // Everything as at the start: the cells, centres and steps were another ECU's.
   void ForgetEcu();
   // Nothing can be taken back any more: the ECU has another configuration.
@@ -115,17 +107,36 @@ class GridModel {
   CentresResult WriteCentres(const GridAxes& centres);
 
  private:
-  // Whether a coefficient comes from the person, or from the ECU itself.
-  enum class Origin : std::uint8_t { kPerson, kEcu };
-  struct Written {
-    GridResult result;
-    CItemStepList before;  // of the cells that were written
-    CItemStepList left;    // the points that were not
+  struct Action {
+    // Where its points come from, and stay while they are not written; null: the person.
+    CUndoStack* from = nullptr;
+    CUndoStack* to = nullptr;  // where what the cells had before goes
+    std::uint64_t number = 0;
   };
+  struct Write {
+    C3Dpoint point{};
+    std::uint16_t word = 0;
+    double before = 0;
+    Action action{};
+  };
+  // Runs when no write is in doubt any more, so that the points follow from what the ECU has.
+  using Plan = std::function<CItemStepList()>;
 
-  GridResult Do(const CItemStepList& points, const GridWatch& watch);
+  GridResult Do(const Plan& plan, const GridWatch& watch);
   GridResult TakeBack(CUndoStack& from, CUndoStack& to, const GridWatch& watch);
-  Written WriteCells(const CItemStepList& points, Origin origin, const GridWatch& watch);
+  GridResult WriteCells(const CItemStepList& points, const Action& action, const GridWatch& watch);
+  void WriteCell(LinkSession& session, const Write& write, const GridWatch& watch,
+                 GridResult& result);
+  void TakeWritten(const Write& write, const GridWatch& watch, GridResult& result);
+  static void TakeFailed(const Write& write, GridResult& result);
+  static void Leave(const C3Dpoint& point, const Action& action);
+  // Reads the cells in doubt. False when the ECU does not answer, or is another one.
+  bool ReadBack(LinkSession& session, const GridWatch& watch, GridResult& result);
+  // The same in a turn on the link of its own.
+  GridResult AskWhatIsInDoubt();
+  [[nodiscard]] bool InDoubt(const CUndoStack& stack) const;
+  // False, the person being told when it is for a write in doubt, while nothing may be written.
+  bool Ready();
   void Tell(const GridResult& result);
   void TellFailure();
 
@@ -138,6 +149,7 @@ class GridModel {
   CUndoStack undo_;
   CUndoStack redo_;
   std::uint64_t actions_ = 0;
+  std::vector<Write> in_doubt_;  // of one action, the last one
   bool writing_ = false;
   LiveMarker live_;
 };

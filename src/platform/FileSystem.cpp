@@ -1,6 +1,8 @@
 #include "platform/FileSystem.h"
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
 #include <chrono>
 #include <fstream>
 #include <random>
@@ -13,7 +15,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string ReasonOf(std::errc condition) { return std::make_error_code(condition).message(); }
+// What a person often meets is said in the person's language, all else in the system's words.
+Message ReasonOf(const std::error_code& error) {
+  static constexpr std::array<std::pair<std::errc, FixedText>, 4> kCommon{{
+      {std::errc::no_such_file_or_directory, FixedText::Of("No such file or directory")},
+      {std::errc::is_a_directory, FixedText::Of("Is a directory")},
+      {std::errc::permission_denied, FixedText::Of("Permission denied")},
+      {std::errc::io_error, FixedText::Of("Input/output error")},
+  }};
+  for (const auto& [condition, text] : kCommon) {
+    if (error == condition) return text;
+  }
+  return Message::Verbatim(error.message());
+}
+
+Message ReasonOf(std::errc condition) { return ReasonOf(std::make_error_code(condition)); }
+
+constexpr FixedText kNoRegularFile = FixedText::Of("not a regular file");
 
 std::string HexDigits(std::uint64_t number) {
   constexpr std::string_view kDigits = "0123456789abcdef";
@@ -40,13 +58,13 @@ fs::path NewTemporary(const fs::path& target) {
 
 // Where the file at `path` lies. False, with the reason, when it may not be replaced.
 bool FindTarget(FileOperations& operations, const fs::path& path, fs::path& target,
-                std::string& reason) {
+                Message& reason) {
   std::error_code error;
   // A person may keep the real file elsewhere, behind a link that is to stay.
   const bool is_link = fs::is_symlink(fs::symlink_status(path, error));
   target = is_link ? fs::canonical(path, error) : path;
   if (target.empty()) {
-    reason = error.message();
+    reason = ReasonOf(error);
     return false;
   }
   const fs::file_status status = fs::status(target, error);
@@ -56,7 +74,7 @@ bool FindTarget(FileOperations& operations, const fs::path& path, fs::path& targ
   }
   const bool exists = fs::exists(status);
   if (exists && !fs::is_regular_file(status)) {
-    reason = "not a regular file";
+    reason = kNoRegularFile;
     return false;
   }
   // The folder's permissions alone would allow the rename.
@@ -99,12 +117,12 @@ bool WriteAll(FileOperations::Output& output, std::string_view contents, std::st
 
 }  // namespace
 
-bool ReadWholeFile(const fs::path& path, std::string& contents, std::string& reason,
+bool ReadWholeFile(const fs::path& path, std::string& contents, Message& reason,
                    std::uintmax_t largest) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   if (!fs::exists(status)) {
-    reason = error ? error.message() : ReasonOf(std::errc::no_such_file_or_directory);
+    reason = error ? ReasonOf(error) : ReasonOf(std::errc::no_such_file_or_directory);
     return false;
   }
   if (fs::is_directory(status)) {
@@ -112,20 +130,27 @@ bool ReadWholeFile(const fs::path& path, std::string& contents, std::string& rea
     return false;
   }
   if (!fs::is_regular_file(status)) {
-    reason = "not a regular file";
+    reason = kNoRegularFile;
     return false;
   }
+  // The stream itself does not tell why it could not be opened.
+  errno = 0;
   std::ifstream stream(path, std::ios::binary);
+  if (!stream) {
+    reason = errno == 0 ? ReasonOf(std::errc::io_error)
+                        : ReasonOf(std::error_code(errno, std::generic_category()));
+    return false;
+  }
   stream.seekg(0, std::ios::end);
   const auto size = static_cast<std::streamoff>(stream.tellg());
   stream.seekg(0);
   if (!stream || size < 0) {
-    reason = ReasonOf(std::errc::permission_denied);
+    reason = ReasonOf(std::errc::io_error);
     return false;
   }
   if (static_cast<std::uintmax_t>(size) > largest) {
     constexpr unsigned kMegabyteShift = 20;
-    reason = "it is larger than " + std::to_string(largest >> kMegabyteShift) + " MB";
+    reason = {FixedText::Of("it is larger than %1 MB"), largest >> kMegabyteShift};
     return false;
   }
   std::string read(static_cast<std::size_t>(size), '\0');
@@ -138,17 +163,21 @@ bool ReadWholeFile(const fs::path& path, std::string& contents, std::string& rea
   return true;
 }
 
-bool CanWriteWholeFile(const fs::path& path, std::string& reason) {
+bool CanWriteWholeFile(const fs::path& path, Message& reason) {
   const std::unique_ptr<FileOperations> operations = MakeFileOperations();
   fs::path target;
   if (!FindTarget(*operations, path, target, reason)) return false;
   const fs::path temporary = NewTemporary(target);
-  if (!operations->Create(temporary, target, reason)) return false;
+  std::string words;
+  if (!operations->Create(temporary, target, words)) {
+    reason = Message::Verbatim(words);
+    return false;
+  }
   operations->Remove(temporary);
   return true;
 }
 
-bool CreateFolders(const fs::path& folder, std::string& reason) {
+bool CreateFolders(const fs::path& folder, Message& reason) {
   std::error_code error;
   std::vector<fs::path> missing;
   for (fs::path at = folder; !at.empty() && !fs::exists(at, error); at = at.parent_path()) {
@@ -158,37 +187,41 @@ bool CreateFolders(const fs::path& folder, std::string& reason) {
   }
   fs::create_directories(folder, error);
   if (error) {
-    reason = error.message();
+    reason = ReasonOf(error);
     return false;
   }
   const std::unique_ptr<FileOperations> operations = MakeFileOperations();
-  return std::ranges::all_of(missing, [&](const fs::path& made) {
-    return operations->SyncFolder(made.parent_path(), reason);
+  std::string words;
+  const bool synced = std::ranges::all_of(missing, [&](const fs::path& made) {
+    return operations->SyncFolder(made.parent_path(), words);
   });
+  if (!synced) reason = Message::Verbatim(words);
+  return synced;
 }
 
-bool WriteWholeFile(const fs::path& path, std::string_view contents, std::string& reason) {
+bool WriteWholeFile(const fs::path& path, std::string_view contents, Message& reason) {
   return WriteWholeFileWith(*MakeFileOperations(), path, contents, reason);
 }
 
 bool WriteWholeFileWith(FileOperations& operations, const fs::path& path, std::string_view contents,
-                        std::string& reason) {
+                        Message& reason) {
   fs::path target;
   if (!FindTarget(operations, path, target, reason)) return false;
   const fs::path folder = target.parent_path();
   RemoveAbandoned(operations, folder, TemporaryPrefix(target));
   const fs::path temporary = NewTemporary(target);
-  std::unique_ptr<FileOperations::Output> output = operations.Create(temporary, target, reason);
-  if (!output) return false;
-  const bool written = WriteAll(*output, contents, reason);
+  std::string words;
+  std::unique_ptr<FileOperations::Output> output = operations.Create(temporary, target, words);
+  const bool created = output != nullptr;
+  const bool written = created && WriteAll(*output, contents, words);
   output.reset();
-  if (!written || !operations.Rename(temporary, target, reason)) {
-    operations.Remove(temporary);
+  if (!written || !operations.Rename(temporary, target, words)) {
+    if (created) operations.Remove(temporary);
+    reason = Message::Verbatim(words);
     return false;
   }
-  std::string sync_reason;
-  if (operations.SyncFolder(folder, sync_reason)) return true;
-  reason = "it is written, but a power failure may still undo that: " + sync_reason;
+  if (operations.SyncFolder(folder, words)) return true;
+  reason = {FixedText::Of("it is written, but a power failure may still undo that: %1"), words};
   return false;
 }
 

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Message.h"
+
 namespace zelorgas {
 
 // Paths as people see them, in UTF-8; what cannot be said in it becomes the replacement character
@@ -20,28 +22,29 @@ namespace zelorgas {
 // megabyte. What is larger was chosen by mistake.
 inline constexpr std::uintmax_t kLargestWholeFile = 16U << 20U;
 
-// Reads the file into `contents`. False, with the system's reason and `contents` as it was, when it
-// cannot be opened or read, is no regular file, or has more than `largest` bytes.
+// Reads the file into `contents`. False, with the reason and `contents` as it was, when it cannot
+// be opened or read, is no regular file, or has more than `largest` bytes.
 [[nodiscard]] bool ReadWholeFile(const std::filesystem::path& path, std::string& contents,
-                                 std::string& reason, std::uintmax_t largest = kLargestWholeFile);
+                                 Message& reason, std::uintmax_t largest = kLargestWholeFile);
 
-// Makes `contents` the whole file at `path`, in a folder that exists. False, with the system's
+// Makes `contents` the whole file at `path`, in a folder that exists. False, with the
 // reason, when it could not: the old file is then untouched, or still absent; or the new one is in
 // its place, complete, and the reason says that a power failure may undo it. A link is followed,
 // one that leads nowhere, what is no regular file or may not be written is refused. What a killed
 // process has left behind at the same target is removed when it is a minute old.
 [[nodiscard]] bool WriteWholeFile(const std::filesystem::path& path, std::string_view contents,
-                                  std::string& reason);
+                                  Message& reason);
 
 // True when WriteWholeFile may be expected to succeed there, for what takes long to come by. What
 // is at `path` is left alone.
-[[nodiscard]] bool CanWriteWholeFile(const std::filesystem::path& path, std::string& reason);
+[[nodiscard]] bool CanWriteWholeFile(const std::filesystem::path& path, Message& reason);
 
 // Makes the folder and those on the way to it that do not exist, and returns when a power failure
-// cannot take them away. False, with the system's reason, when it could not.
-[[nodiscard]] bool CreateFolders(const std::filesystem::path& folder, std::string& reason);
+// cannot take them away. False, with the reason, when it could not.
+[[nodiscard]] bool CreateFolders(const std::filesystem::path& folder, Message& reason);
 
-// The single operations behind WriteWholeFile, so that a test can let each of them fail.
+// The single operations behind WriteWholeFile, so that a test can let each of them fail. Reasons
+// are the system's words.
 class FileOperations {
  public:
   // A new file, open for writing. Closed when it goes.
@@ -79,6 +82,6 @@ class FileOperations {
 
 // WriteWholeFile with other operations.
 [[nodiscard]] bool WriteWholeFileWith(FileOperations& operations, const std::filesystem::path& path,
-                                      std::string_view contents, std::string& reason);
+                                      std::string_view contents, Message& reason);
 
 }  // namespace zelorgas

@@ -57,7 +57,7 @@ bool SetAside(const fs::path& file) {
 bool WriteContents(const fs::path& file, std::string_view bytes) {
   std::error_code error;
   fs::create_directories(file.parent_path(), error);
-  std::string reason;
+  Message reason;
   return WriteWholeFile(file, bytes, reason);
 }
 

@@ -684,7 +684,58 @@ GridRow[%3], регистър %4</translation>
     </message>
 </context>
 <context>
+    <name>zelorgas::CGuideWindow</name>
+    <message>
+        <source>Guide</source>
+        <translation>Ръководство</translation>
+    </message>
+    <message>
+        <source>Chapters</source>
+        <translation>Глави</translation>
+    </message>
+    <message>
+        <source>Text of the chapter</source>
+        <translation>Текст на главата</translation>
+    </message>
+    <message>
+        <source>The guide is in English only.</source>
+        <translation>Ръководството е само на английски език.</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Назад</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Съдържание</translation>
+    </message>
+    <message>
+        <source>Search the guide</source>
+        <translation>Търсене в ръководството</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Търсене</translation>
+    </message>
+    <message>
+        <source>Finds words in all chapters (Ctrl+F); Enter goes on to the next place</source>
+        <translation>Намира думи във всички глави (Ctrl+F); Enter продължава до следващото място</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Не е намерено</translation>
+    </message>
+</context>
+<context>
     <name>zelorgas::CMainFrame</name>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>&amp;Ръководство</translation>
+    </message>
+    <message>
+        <source>The guide&apos;s chapter on the page that is open</source>
+        <translation>Главата от ръководството за отворената страница</translation>
+    </message>
     <message>
         <source>Untitled</source>
         <translation>Без име</translation>
@@ -1188,12 +1239,12 @@ Register %3</source>
         <translation>%1 V</translation>
     </message>
     <message>
-        <source>No parameter has these words in its name or meaning.</source>
-        <translation>Никой параметър няма тези думи в името или значението си.</translation>
+        <source>Nothing here has these words in its name or meaning.</source>
+        <translation>Нищо тук няма тези думи в името или значението си.</translation>
     </message>
     <message>
-        <source>Parameters found: %1</source>
-        <translation>Намерени параметри: %1</translation>
+        <source>Found: %1</source>
+        <translation>Намерени: %1</translation>
     </message>
     <message>
         <source>The configuration is complete.</source>
@@ -1289,6 +1340,16 @@ Register %3</source>
     <message>
         <source>%1 has been written.</source>
         <translation>%1 е записан.</translation>
+    </message>
+    <message>
+        <source>Too long to be shown whole; saving keeps all of it.</source>
+        <translation>Твърде дълго, за да се покаже цялото; при запис се пази изцяло.</translation>
+    </message>
+    <message>
+        <source>%1 exists.
+Do you want to replace it?</source>
+        <translation>%1 съществува.
+Искате ли да го замените?</translation>
     </message>
     <message>
         <source>%1 could not be written.</source>
@@ -2428,6 +2489,34 @@ Do you realy want to continue?</source>
         <translation>Записани са %1 байта</translation>
     </message>
     <message>
+        <source>No such file or directory</source>
+        <translation>Няма такъв файл или папка</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>Това е папка</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Достъпът е отказан</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Входно-изходна грешка</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>не е обикновен файл</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 MB</source>
+        <translation>по-голям е от %1 MB</translation>
+    </message>
+    <message>
+        <source>it is written, but a power failure may still undo that: %1</source>
+        <translation>записан е, но спиране на тока още може да отмени това: %1</translation>
+    </message>
+    <message>
         <source>Cannot write %1: %2, 0 bytes</source>
         <translation>%1 не може да се запише: %2, 0 байта</translation>
     </message>
@@ -2486,6 +2575,10 @@ Do you realy want to continue?</source>
     <message>
         <source>Saved %1</source>
         <translation>Записан е %1</translation>
+    </message>
+    <message>
+        <source>Loaded %1</source>
+        <translation>Зареден е %1</translation>
     </message>
     <message>
         <source>The file is a configuration, not a recording</source>

@@ -5,11 +5,26 @@
 #include <QLocale>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "maps/DecimalNumber.h"
 #include "ui/CCaption.h"
 
 namespace zelorgas {
+namespace {
+
+QString MeaningOf(AreaMode mode) {
+  switch (mode) {
+    case AreaMode::kLinear:
+      return CCellChangeDlg::tr("So much added to each coefficient.");
+    case AreaMode::kAbsolute:
+      return CCellChangeDlg::tr("The same coefficient in all cells.");
+    default:
+      return CCellChangeDlg::tr("Each coefficient by so many per cent, up or down.");
+  }
+}
+
+}  // namespace
 
 CCellChangeDlg::CCellChangeDlg(AreaChange last, std::size_t cells, QWidget* parent)
     : QDialog(parent) {
@@ -45,7 +60,10 @@ CCellChangeDlg::CCellChangeDlg(AreaChange last, std::size_t cells, QWidget* pare
   value_row->addWidget(value_, 1);
   meaning_ = new CCaption({}, this);
   // As long as the longest, so that the dialog does not change its size.
-  meaning_->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
+  for (const AreaMode mode : {AreaMode::kPercentage, AreaMode::kLinear, AreaMode::kAbsolute}) {
+    meaning_->setText(MeaningOf(mode));
+    meaning_->setMinimumWidth(std::max(meaning_->minimumWidth(), meaning_->sizeHint().width()));
+  }
 
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   buttons->setObjectName("cell_change_buttons");
@@ -75,17 +93,7 @@ std::optional<AreaChange> CCellChangeDlg::Change() const {
 void CCellChangeDlg::ShowMode() {
   const std::optional<AreaChange> change = Change();
   ok_->setEnabled(change.has_value());
-  switch (static_cast<AreaMode>(modes_->checkedId())) {
-    case AreaMode::kPercentage:
-      meaning_->setText(tr("Each coefficient by so many per cent, up or down."));
-      break;
-    case AreaMode::kLinear:
-      meaning_->setText(tr("So much added to each coefficient."));
-      break;
-    case AreaMode::kAbsolute:
-      meaning_->setText(tr("The same coefficient in all cells."));
-      break;
-  }
+  meaning_->setText(MeaningOf(static_cast<AreaMode>(modes_->checkedId())));
 }
 
 }  // namespace zelorgas

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <array>
+#include <cmath>
 
 #include "ui/CCaption.h"
 #include "ui/Text.h"
@@ -52,6 +53,17 @@ QPixmap Swatch(const ScopeChannelInfo& info, int size, const QPalette& palette) 
   return picture;
 }
 
+// As wide as kWidest, also where a damaged file holds what no sensor gives.
+constexpr const char* kWidest = "-0000.00";
+
+QString ShortNumber(double value) {
+  constexpr double kTwoDecimalsBelow = 1e4;
+  constexpr double kWholeBelow = 1e7;
+  const double size = std::abs(value);
+  if (size < kTwoDecimalsBelow) return QString::number(value, 'f', 2);
+  return size < kWholeBelow ? QString::number(value, 'f', 0) : QString::number(value, 'g', 1);
+}
+
 }  // namespace
 
 CChannelRow::CChannelRow(ScopeChannel channel, QWidget* parent) : QWidget(parent) {
@@ -69,7 +81,7 @@ CChannelRow::CChannelRow(ScopeChannel channel, QWidget* parent) : QWidget(parent
   value_->setObjectName("scope_value_" + id);
   value_->setAccessibleName(tr("%1 at the cursor").arg(name));
   value_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  value_->setMinimumWidth(fontMetrics().horizontalAdvance("-000.00"));
+  value_->setMinimumWidth(fontMetrics().horizontalAdvance(kWidest));
   auto* const unit = new CCaption(tr(kWords[index].unit), this);
   unit->setMinimumWidth(fontMetrics().horizontalAdvance("1000/min") + 2);
   auto* const layout = new QHBoxLayout(this);
@@ -84,7 +96,7 @@ CChannelRow::CChannelRow(ScopeChannel channel, QWidget* parent) : QWidget(parent
 void CChannelRow::SetPresent(bool present) { box_->setEnabled(present); }
 
 void CChannelRow::SetValue(std::optional<double> value) {
-  value_->setText(value ? QString::number(*value, 'f', 2) : QString(kNoValue));
+  value_->setText(value ? ShortNumber(*value) : QString(kNoValue));
 }
 
 }  // namespace zelorgas

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <optional>
 
 namespace zelorgas {
 
@@ -10,14 +11,22 @@ class CChoiceList : public QComboBox {
   Q_OBJECT
 
  public:
-  using QComboBox::QComboBox;
+  explicit CChoiceList(QWidget* parent = nullptr);
 
-  // Shows the entry, or `without` when `index` is -1. Nothing happens while the person has the list
-  // open.
+  // Shows the entry, or `without` when `index` is -1; once the list is closed, while the person has
+  // it open.
   void ShowEntry(int index, const QString& without);
 
  protected:
   void wheelEvent(QWheelEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  struct Entry {
+    int index;
+    QString without;
+  };
+  std::optional<Entry> when_closed_;
 };
 
 }  // namespace zelorgas

@@ -9,7 +9,11 @@ CEntryField::CEntryField(QWidget* parent) : QLineEdit(parent) { setAlignment(Qt:
 
 void CEntryField::Show(const QString& text) {
   shown_ = text;
-  if (isModified()) return;
+  if (!isModified()) Restore();
+}
+
+void CEntryField::ShowInstead(const QString& text) {
+  shown_ = text;
   Restore();
 }
 

@@ -6,7 +6,7 @@
 
 namespace zelorgas {
 
-class CEntryField final : public QLineEdit {
+class CEntryField : public QLineEdit {
   Q_OBJECT
 
  public:
@@ -14,6 +14,8 @@ class CEntryField final : public QLineEdit {
 
   // Not over what is being typed.
   void Show(const QString& text);
+  // Over whatever stands there.
+  void ShowInstead(const QString& text);
 
  signals:
   // The person has entered this, the text on show perhaps: an earlier entry may still be on its
@@ -21,15 +23,17 @@ class CEntryField final : public QLineEdit {
   void Entered(const QString& text);
 
  protected:
+  // Brings back what Show has said.
+  void Restore();
+
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void Commit();
-  void Restore();
 
-  QString shown_;
+  QString shown_;  // without what the person has typed since
 };
 
 }  // namespace zelorgas

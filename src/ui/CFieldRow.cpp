@@ -8,7 +8,7 @@ namespace {
 
 // The longest meaning and name of a parameter, and room for the longest entry of a list.
 constexpr const char* kLongestText = "Manifold pressure sensor full-scale point MM";
-constexpr const char* kLongestName = "GP_CHANGEOVER_ON_PULSELACK";
+constexpr const char* kLongestName = "GP_CHANGEOVER_ON_PULSELACK ";
 constexpr const char* kLongestEntry = "STEFANELLI-WHITE MMM";
 
 // The stretch of what takes the room that there is; the rest goes to the end of the row.

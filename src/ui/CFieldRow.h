@@ -18,6 +18,8 @@ class CFieldRow : public QWidget {
   // The row takes the widget over. `object_name` is the widget's; a screen reader says the row's
   // text and name.
   void SetEditor(QWidget* editor, const QString& object_name, const QString& tooltip);
+  // What the row is found by: its text, its name and what its tip says.
+  [[nodiscard]] QString Words() const { return spoken_name_ + ' ' + toolTip(); }
   // A line below the row; none when empty.
   void SetNote(const QString& note);
 

@@ -27,22 +27,6 @@ constexpr std::string_view kBackupSection = "FirmwareBackups";
 // What an ECU without a serial number is kept under.
 constexpr std::string_view kNoSerial = "ECU";
 
-// A value is "<routing map>|<file>".
-struct KeptBackup {
-  std::size_t routing_map = 0;
-  std::filesystem::path file;
-};
-
-std::string TextOf(const KeptBackup& backup) {
-  return std::to_string(backup.routing_map) + "|" + PathText(backup.file);
-}
-
-KeptBackup BackupOf(std::string_view text) {
-  if (text.starts_with("0|")) return {0, PathFromText(text.substr(2))};
-  if (text.starts_with("1|")) return {1, PathFromText(text.substr(2))};
-  return {0, PathFromText(text)};
-}
-
 bool FileExists(const std::filesystem::path& file) {
   std::error_code error;
   return std::filesystem::exists(file, error);
@@ -126,11 +110,9 @@ void CFirmwareUpdate::Keep(const std::string& key, std::string_view value) {
 }
 
 bool CFirmwareUpdate::Store(const EcuIdentity& ecu) {
-  // While the ECU is being read the person may choose another.
-  const std::size_t map = document_.RoutingMap();
   Message problem;
   const auto file = BackUpConfiguration(
-      document_, BackupFolder(working_folder_), map,
+      document_, BackupFolder(working_folder_),
       boxes_.WordsOf(FixedText::Of("What the ECU held before its firmware was updated")), problem);
   if (!file) {
     boxes_.Status(problem);
@@ -140,9 +122,9 @@ bool CFirmwareUpdate::Store(const EcuIdentity& ecu) {
   const std::string before = Kept(key);
   // One that was never offered is what the fitter has set, not what a new firmware came with.
   // Without a serial number it may be another ECU's.
-  if (before.empty() || !ecu.serial || !FileExists(BackupOf(before).file)) {
+  if (before.empty() || !ecu.serial || !FileExists(PathFromText(before))) {
     unsettled_ = {key, before, !ecu.serial};
-    Keep(key, TextOf({map, *file}));
+    Keep(key, PathText(*file));
   }
   return true;
 }
@@ -183,7 +165,7 @@ void CFirmwareUpdate::FollowConnection(CEcuControl& control) {
 }
 
 bool CFirmwareUpdate::Offer(std::string_view backup) {
-  const auto [map, file] = BackupOf(backup);
+  const std::filesystem::path file = PathFromText(backup);
   if (!FileExists(file)) return true;
   const Message question(
       FixedText::Of("What the ECU held before its firmware was updated is stored "
@@ -201,9 +183,11 @@ bool CFirmwareUpdate::Offer(std::string_view backup) {
       static_cast<void>(progress.Step(words, kBlockWords));
     }
   };
-  const LoadResult result =
-      LoadProcedure(document_, boxes_, show)
-          .Run({.file = file, .backup_folder = BackupFolder(working_folder_), .routing_map = map});
+  const LoadResult result = LoadProcedure(document_, boxes_, show)
+                                .Run({.file = file,
+                                      .backup_folder = BackupFolder(working_folder_),
+                                      .routing_map = 0,
+                                      .both_maps = FileExists(SecondMapFile(file))});
   if (result.words_written > 0) document_.RequestRefresh();
   switch (result.outcome) {
     case Outcome::kLoaded:

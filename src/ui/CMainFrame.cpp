@@ -99,7 +99,10 @@ void CMainFrame::MakePages() {
   view_->AddPage(TranslatedMessage(kTpsPageTitle), Needs::kLink,
                  [this](QWidget* parent) { return new CTabTPS(context_, parent); });
   view_->AddPage(tr("Oscilloscope"), Needs::kNothing, [this](QWidget* parent) {
-    return new CTabDiagnostics(context_, models_->OpenScope(), parent);
+    auto* const page = new CTabDiagnostics(context_, models_->OpenScope(), parent);
+    connect(page, &CTabDiagnostics::FileUsed, this,
+            [this](const QString& file) { NameDocument(file.toStdString()); });
+    return page;
   });
   view_->AddPage(tr("Errors"), Needs::kLink,
                  [this](QWidget* parent) { return new CTabErrors(context_, *models_, parent); });
@@ -192,9 +195,12 @@ void CMainFrame::MakeToolsMenu() {
 void CMainFrame::MakeHelpMenu() {
   QMenu* const menu = menuBar()->addMenu(tr("&Help"));
   menu->setObjectName("help_menu");
+  menu->setToolTipsVisible(true);
+  QAction* const guide = AddAction(menu, "guide_action", tr("&Guide"), QKeySequence("F1"),
+                                   tr("The guide's chapter on the page that is open"));
+  connect(guide, &QAction::triggered, this, &CMainFrame::ShowGuide);
   const QString name = ToQString(TemplateString(DocumentString::kWindowTitle));
-  QAction* const about =
-      AddAction(menu, "about_action", tr("&About %1...").arg(name), QKeySequence("F1"), {});
+  QAction* const about = AddAction(menu, "about_action", tr("&About %1...").arg(name), {}, {});
   about->setMenuRole(QAction::AboutRole);
   connect(about, &QAction::triggered, this, &CMainFrame::ShowAbout);
 }
@@ -207,28 +213,27 @@ void CMainFrame::ListRecentFiles(QMenu* menu) {
     QAction* const action =
         menu->addAction(QStringLiteral("&%1 %2").arg(++number).arg(shown.replace('&', "&&")));
     action->setObjectName(QStringLiteral("recent_file%1").arg(number));
-    connect(action, &QAction::triggered, this, [this, file] { OpenRecentFile(file); });
+    connect(action, &QAction::triggered, this, [this, file] { OpenDocument(file); });
   }
   menu->setEnabled(number > 0);
-}
-
-void CMainFrame::OpenRecentFile(const std::string& file) {
-  if (!OpenDocument(file)) context_.recent_files.Remove(file);
 }
 
 bool CMainFrame::OpenDocument(const std::string& file) {
   const QFileInfo info(ToQString(file));
   if (!info.isFile() || !info.isReadable()) {
+    context_.recent_files.Remove(file);
     context_.boxes.Inform(ToMessage(tr("%1 was not found.").arg(info.filePath())),
                           MessageIcon::kExclamation);
     return false;
   }
   const std::filesystem::path path = PathFromText(file);
   if (info.suffix().compare("osc", Qt::CaseInsensitive) == 0) {
-    if (!view_->OpenPage<CTabDiagnostics>(tr("Oscilloscope")).Load(path)) return false;
-  } else {
-    view_->OpenPage<CTabFiles>(tr("Files")).ShowFile(path);
+    auto& page = view_->OpenPage<CTabDiagnostics>(tr("Oscilloscope"));
+    const bool failed = page.Load(path) == RecordingLoad::kFailed;
+    if (failed) context_.recent_files.Remove(file);
+    return !failed;
   }
+  view_->OpenPage<CTabFiles>(tr("Files")).ShowFile(path);
   NameDocument(file);
   return true;
 }
@@ -269,6 +274,13 @@ void CMainFrame::FollowControl() {
   if (idle && close_wanted_) QTimer::singleShot(0, this, &QWidget::close);
 }
 
+void CMainFrame::ShowGuide() {
+  if (guide_ == nullptr) {
+    guide_ = std::make_unique<CGuideWindow>(!LanguageLibrary(context_.settings.Language()).empty());
+  }
+  guide_->OpenForPage(view_->CurrentPage());
+}
+
 void CMainFrame::ShowAbout() {
   CAboutDlg(MakeAboutInfo(ReadProgramVersion(), BuildTime()), this).exec();
 }
@@ -286,6 +298,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
     return;
   }
   context_.control.Disconnect();
+  if (guide_ != nullptr) guide_->close();
   SaveLayout();
   event->accept();
 }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "ui/CGuideWindow.h"
 #include "ui/CStatusLine.h"
 #include "ui/ClpgecuView.h"
 #include "ui/PageModels.h"
@@ -23,8 +24,8 @@ class CMainFrame final : public QMainWindow {
 
   [[nodiscard]] ClpgecuView& View() { return *view_; }
 
-  // Makes `file` the document and puts it among the recent files. False, with the reason shown,
-  // when it cannot be read.
+  // Makes `file` the document and puts it among the recent files, unless the person declines. When
+  // it cannot be read: false, with the reason shown, and it is no recent file any more.
   bool OpenDocument(const std::string& file);
   // Selects the simulated ECU and connects to it.
   void StartDemo();
@@ -49,10 +50,10 @@ class CMainFrame final : public QMainWindow {
   static QAction* AddAction(QMenu* menu, const QString& object_name, const QString& text,
                             const QKeySequence& shortcut, const QString& tip);
   void ListRecentFiles(QMenu* menu);
-  void OpenRecentFile(const std::string& file);
   // In the title and among the recent files.
   void NameDocument(const std::string& file);
   void FollowControl();
+  void ShowGuide();
   void ShowAbout();
   void RestoreLayout();
   void SaveLayout();
@@ -61,6 +62,7 @@ class CMainFrame final : public QMainWindow {
   ClpgecuView* view_;
   std::unique_ptr<PageModels> models_;
   CStatusLine* status_line_;
+  std::unique_ptr<CGuideWindow> guide_;  // once it has been opened
   QAction* connect_action_ = nullptr;
   QAction* disconnect_action_ = nullptr;
   QAction* refresh_action_ = nullptr;

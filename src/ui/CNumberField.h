@@ -1,15 +1,15 @@
-// A field for a register word, shown as it is or divided by a power of ten. What the person types
-// counts once the field is left or Enter is pressed; Escape brings the old number back.
-// User-interface thread.
+// A field for a register word, shown as it is or divided by a power of ten. What the person enters
+// and is no number of the range is refused, and the old number comes back. User-interface thread.
 #pragma once
 
-#include <QLineEdit>
 #include <cstdint>
 #include <optional>
 
+#include "ui/CEntryField.h"
+
 namespace zelorgas {
 
-class CNumberField final : public QLineEdit {
+class CNumberField final : public CEntryField {
   Q_OBJECT
 
  public:
@@ -17,32 +17,20 @@ class CNumberField final : public QLineEdit {
   explicit CNumberField(int decimals, QWidget* parent = nullptr);
 
   // Not over a number that is being typed.
-  void Show(std::uint16_t value);
-  // A word instead of a number, over whatever stands there.
-  void ShowInstead(const QString& text);
+  void ShowNumber(std::uint16_t value);
   // Paints the background light red.
   void Warn(bool warn);
 
  signals:
-  // The person has entered this, the number on show perhaps: an earlier entry may still be on its
-  // way.
-  void Entered(std::uint16_t value);
-  // The person has entered what is no number of the range; the old one is back.
+  // As Entered, when it is a number of the range.
+  void NumberEntered(std::uint16_t value);
   void Refused(const QString& text);
 
- protected:
-  void keyPressEvent(QKeyEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
-  void changeEvent(QEvent* event) override;
-
  private:
-  [[nodiscard]] std::optional<std::uint16_t> Typed() const;
-  void Commit();
-  void Restore();
+  [[nodiscard]] std::optional<std::uint16_t> NumberOf(const QString& text) const;
 
   const int decimals_;
   bool warned_ = false;
-  QString shown_;  // without what the person has typed since
 };
 
 }  // namespace zelorgas

@@ -1,5 +1,6 @@
 #include "ui/CPageFrame.h"
 
+#include <QVBoxLayout>
 #include <utility>
 
 namespace zelorgas {
@@ -15,8 +16,15 @@ CPageFrame::CPageFrame(PageMaker make, Needs needs, QWidget* parent)
   QFont bold = reason_->font();
   bold.setBold(true);
   reason_->setFont(bold);
-  layout_ = new QVBoxLayout(this);
-  layout_->addWidget(reason_);
+  // A page keeps the room that it needs: on a small screen, or a large scaling, it is scrolled.
+  scroll_ = new QScrollArea(this);
+  scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setWidgetResizable(true);
+  // A click on a button leaves the keyboard where it is.
+  scroll_->setFocusPolicy(Qt::NoFocus);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(reason_);
+  layout->addWidget(scroll_, 1);
 }
 
 void CPageFrame::ShowLinkProblem(const QString& reason) {
@@ -43,8 +51,8 @@ void CPageFrame::showEvent(QShowEvent* event) {
 
 CEcuPage& CPageFrame::Page() {
   if (page_ == nullptr) {
-    page_ = make_(this);
-    layout_->addWidget(page_, 1);
+    page_ = make_(scroll_);
+    scroll_->setWidget(page_);
     ShowLinkProblem(problem_);
   }
   return *page_;

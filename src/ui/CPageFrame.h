@@ -4,7 +4,7 @@
 #pragma once
 
 #include <QLabel>
-#include <QVBoxLayout>
+#include <QScrollArea>
 #include <QWidget>
 #include <cstdint>
 #include <functional>
@@ -43,7 +43,7 @@ class CPageFrame final : public QWidget {
   QString problem_;
   CEcuPage* page_ = nullptr;
   QLabel* reason_;
-  QVBoxLayout* layout_;
+  QScrollArea* scroll_;
 };
 
 }  // namespace zelorgas

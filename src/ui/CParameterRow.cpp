@@ -33,12 +33,12 @@ class CNumberRow final : public CParameterRow {
       : CParameterRow(parameter, access, parent), field_(new CNumberField(0)) {
     const QString range = CParameterRow::tr("0 to 65535");
     SetParameterEditor(field_, range);
-    connect(field_, &CNumberField::Entered, this, &CNumberRow::Write);
+    connect(field_, &CNumberField::NumberEntered, this, &CNumberRow::Write);
     connect(field_, &CNumberField::Refused, this,
             [this, range](const QString& typed) { Refuse(typed, range); });
   }
 
-  void ShowValue() override { field_->Show(Value()); }
+  void ShowValue() override { field_->ShowNumber(Value()); }
 
  private:
   CNumberField* field_;
@@ -52,7 +52,7 @@ class CNozzleRow final : public CParameterRow {
       : CParameterRow(parameter, access, parent), field_(new CNumberField(1)) {
     const QString range = CParameterRow::tr("0.0 to 6553.5 mm");
     SetParameterEditor(field_, range);
-    connect(field_, &CNumberField::Entered, this, &CNozzleRow::Write);
+    connect(field_, &CNumberField::NumberEntered, this, &CNozzleRow::Write);
     connect(field_, &CNumberField::Refused, this,
             [this, range](const QString& typed) { Refuse(typed, range); });
   }
@@ -62,7 +62,7 @@ class CNozzleRow final : public CParameterRow {
     field_->setEnabled(nozzle.enabled);
     field_->Warn(nozzle.enabled && nozzle.too_small);
     if (nozzle.enabled) {
-      field_->Show(nozzle.tenths_mm);
+      field_->ShowNumber(nozzle.tenths_mm);
     } else {
       field_->ShowInstead(ToQString(nozzle.Text()));
     }

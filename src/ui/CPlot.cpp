@@ -2,10 +2,14 @@
 
 #include <qcustomplot.h>
 
+#include <QBuffer>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QVBoxLayout>
+#include <QVarLengthArray>
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include "ui/Colours.h"
 
@@ -17,6 +21,7 @@ constexpr double kMoveStep = 0.1;  // of the range
 constexpr double kManySteps = 10;
 constexpr double kPictureScale = 2;
 constexpr int kPdfResolution = 96;
+constexpr const char* kCurveLayer = "main";
 constexpr double kLegendSize = 0.85;
 constexpr double kLegendStretch = 0.001;  // the line takes no more than it needs
 
@@ -35,6 +40,43 @@ class DivisionTicker final : public QCPAxisTickerFixed {
   const int between_;
 };
 
+// A curve of which all lines are drawn by one call and with the painter's cheapest pen, one pixel
+// of the screen wide. Where pixels are small each line has a second one beside it: a wider pen
+// costs many times as much.
+class ThinCurve final : public QCPGraph {
+ public:
+  using QCPGraph::QCPGraph;
+
+ protected:
+  void drawLinePlot(QCPPainter* painter, const QVector<QPointF>& points) const override {
+    const double ratio = painter->device()->devicePixelRatioF();
+    const bool small_pixels = ratio >= kSmallPixels;
+    const bool for_file = painter->modes() != QCPPainter::pmDefault;
+    if (for_file || painter->pen().style() != Qt::SolidLine) {
+      QPen pen = painter->pen();
+      if (small_pixels && !for_file) pen.setWidthF(kNotThinnest);
+      painter->setPen(pen);
+      return QCPGraph::drawLinePlot(painter, points);
+    }
+    applyDefaultAntialiasingHint(painter);
+    painter->setPen(QPen(painter->pen().color(), 0));
+    QVarLengthArray<QLineF, kUsualLines> lines;
+    for (qsizetype i = 1; i < points.size(); ++i) {
+      const QLineF line(points[i - 1], points[i]);
+      lines.append(line);
+      if (!small_pixels) continue;
+      const bool flat = std::abs(line.dx()) >= std::abs(line.dy());
+      lines.append(flat ? line.translated(0, 1 / ratio) : line.translated(1 / ratio, 0));
+    }
+    painter->drawLines(lines.constData(), static_cast<int>(lines.size()));
+  }
+
+ private:
+  static constexpr qsizetype kUsualLines = 1000;
+  static constexpr double kSmallPixels = 1.5;   // to the pixel of an ordinary screen
+  static constexpr double kNotThinnest = 1.01;  // 1 is a pixel of the screen, on every screen
+};
+
 }  // namespace
 
 CPlot::CPlot(const QString& object_name, const QString& accessible_name, QWidget* parent)
@@ -45,8 +87,15 @@ CPlot::CPlot(const QString& object_name, const QString& accessible_name, QWidget
   plot_->setObjectName(object_name + "_canvas");
   // A live plot of many points: speed before smoothness.
   plot_->setNotAntialiasedElements(QCP::aeAll);
-  plot_->setPlottingHint(QCP::phFastPolylines, true);
   plot_->setNoAntialiasingOnDrag(true);
+  plot_->setPlottingHint(QCP::phImmediateRefresh, false);
+  // The curves have a picture of their own, so that new points leave the axes as they are drawn. It
+  // is the topmost: what is above would need a third.
+  for (const char* const layer : {"axes", "legend", "overlay"}) {
+    plot_->moveLayer(plot_->layer(layer), plot_->layer(kCurveLayer), QCustomPlot::limBelow);
+  }
+  plot_->layer("overlay")->setMode(QCPLayer::lmLogical);
+  plot_->layer(kCurveLayer)->setMode(QCPLayer::lmBuffered);
   plot_->axisRect()->setRangeDrag(Qt::Horizontal);
   plot_->axisRect()->setRangeZoom(Qt::Horizontal);
   cursor_ = new QCPItemStraightLine(plot_);
@@ -65,6 +114,7 @@ CPlot::CPlot(const QString& object_name, const QString& accessible_name, QWidget
     if (interactive_) setFocus(Qt::MouseFocusReason);
   });
   connect(plot_, &QCustomPlot::mouseDoubleClick, this, [this] { ResetRange(); });
+  ResetRange();
   FollowPalette();
 }
 
@@ -75,6 +125,7 @@ void CPlot::SetAxisTitles(const QString& horizontal, const QString& vertical) {
 
 void CPlot::SetRange(double left, double right, double bottom, double top) {
   const bool same_span = left == left_ && right == right_;
+  if (same_span && bottom == bottom_ && top == top_) return Redraw();
   left_ = left;
   right_ = right;
   bottom_ = bottom;
@@ -82,7 +133,7 @@ void CPlot::SetRange(double left, double right, double bottom, double top) {
   // What the person has zoomed to stays.
   if (!interactive_ || !same_span) return ResetRange();
   plot_->yAxis->setRange(bottom_, top_);
-  Redraw();
+  RedrawAll();
 }
 
 void CPlot::SetDivisions(double major, double minor) {
@@ -90,6 +141,7 @@ void CPlot::SetDivisions(double major, double minor) {
   minor_ = minor;
   divided_ = false;
   ShowDivisions();
+  RedrawAll();
 }
 
 bool CPlot::Zoomed() const {
@@ -136,7 +188,7 @@ void CPlot::ShowLegend() {
 }
 
 std::size_t CPlot::AddCurve(const QString& name, const QColor& colour, bool dashed) {
-  QCPGraph* const curve = plot_->addGraph();
+  auto* const curve = new ThinCurve(plot_->xAxis, plot_->yAxis);
   curve->setName(name);
   curve->setPen(QPen(colour, 1, dashed ? Qt::DashLine : Qt::SolidLine));
   curves_.push_back(curve);
@@ -145,19 +197,6 @@ std::size_t CPlot::AddCurve(const QString& name, const QColor& colour, bool dash
 
 void CPlot::SetPoints(std::size_t curve, const QVector<double>& x, const QVector<double>& y) {
   curves_[curve]->setData(x, y, true);
-}
-
-// A pen of width 1 is one pixel of the screen on every screen, and much cheaper to draw than any
-// other. Where the pixels are small it is too thin to be seen.
-void CPlot::ShowPens() {
-  constexpr double kFine = 1;
-  constexpr double kAsWideAsElsewhere = 1.01;
-  const double width = devicePixelRatioF() < 1.5 ? kFine : kAsWideAsElsewhere;
-  for (QCPGraph* const curve : curves_) {
-    QPen pen = curve->pen();
-    pen.setWidthF(width);
-    curve->setPen(pen);
-  }
 }
 
 void CPlot::ShowCurve(std::size_t curve, bool show) {
@@ -185,25 +224,41 @@ void CPlot::SetInteractive(bool on) {
 }
 
 void CPlot::Redraw() {
+  if (!isVisible()) {
+    dirty_ = true;
+  } else if (!std::exchange(curves_due_, true)) {
+    QMetaObject::invokeMethod(this, &CPlot::DrawCurves, Qt::QueuedConnection);
+  }
+}
+
+void CPlot::DrawCurves() {
+  curves_due_ = false;
+  plot_->layer(kCurveLayer)->replot();
+}
+
+void CPlot::RedrawAll() {
   dirty_ = !isVisible();
   if (!dirty_) plot_->replot(QCustomPlot::rpQueuedReplot);
 }
 
-bool CPlot::SavePicture(const QString& path) {
-  if (!path.endsWith(".pdf", Qt::CaseInsensitive)) {
-    return plot_->toPixmap(0, 0, kPictureScale).save(path);
+QByteArray CPlot::Picture(const QString& format) {
+  QBuffer file;
+  file.open(QIODevice::WriteOnly);
+  if (format != "pdf") {
+    const QPixmap picture = plot_->toPixmap(0, 0, kPictureScale);
+    return picture.save(&file, format.toLatin1()) ? file.data() : QByteArray();
   }
-  QPdfWriter writer(path);
+  QPdfWriter writer(&file);
   writer.setResolution(kPdfResolution);
   writer.setPageSize(
       QPageSize(QSizeF(plot_->width(), plot_->height()) * 72 / kPdfResolution, QPageSize::Point));
   writer.setPageMargins({});
   QCPPainter painter;
-  if (!painter.begin(&writer)) return false;
+  if (!painter.begin(&writer)) return {};
   painter.setMode(QCPPainter::pmVectorized);
   painter.setMode(QCPPainter::pmNoCaching);
   plot_->toPainter(&painter, plot_->width(), plot_->height());
-  return painter.end();
+  return painter.end() ? file.data() : QByteArray();
 }
 
 void CPlot::changeEvent(QEvent* event) {
@@ -213,8 +268,7 @@ void CPlot::changeEvent(QEvent* event) {
 
 void CPlot::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  ShowPens();
-  if (dirty_) Redraw();
+  if (dirty_) RedrawAll();
 }
 
 void CPlot::keyPressEvent(QKeyEvent* event) {
@@ -270,14 +324,14 @@ void CPlot::FollowPalette() {
   plot_->legend->setBrush(CardColour(palette()));
   plot_->legend->setTextColor(text);
   cursor_->setPen(QPen(text));
-  Redraw();
+  RedrawAll();
 }
 
 void CPlot::ResetRange() {
   plot_->xAxis->setRange(left_, right_);
   plot_->yAxis->setRange(bottom_, top_);
   ShowDivisions();
-  Redraw();
+  RedrawAll();
 }
 
 void CPlot::Zoom(double factor) {
@@ -285,7 +339,7 @@ void CPlot::Zoom(double factor) {
   const double cursor = cursor_->point1->key();
   const bool at_cursor = cursor_->visible() && shown.contains(cursor);
   plot_->xAxis->scaleRange(factor, at_cursor ? cursor : shown.center());
-  Redraw();
+  RedrawAll();
 }
 
 void CPlot::MoveCursor(double distance) {
@@ -294,13 +348,14 @@ void CPlot::MoveCursor(double distance) {
   const double to = std::clamp(from + distance, left_, right_);
   if (!shown.contains(to)) {
     plot_->xAxis->moveRange(to < shown.lower ? to - shown.lower : to - shown.upper);
+    RedrawAll();
   }
   emit PointedAt(to);
 }
 
 void CPlot::Move(double share_of_range) {
   plot_->xAxis->moveRange(share_of_range * plot_->xAxis->range().size());
-  Redraw();
+  RedrawAll();
 }
 
 }  // namespace zelorgas

@@ -3,6 +3,7 @@
 // keyboard where that is switched on. User-interface thread.
 #pragma once
 
+#include <QByteArray>
 #include <QColor>
 #include <QString>
 #include <QVector>
@@ -47,12 +48,13 @@ class CPlot final : public QWidget {
   // cursor to move. What is shown stays within the range. Switching it off returns to the range.
   void SetInteractive(bool on);
 
-  // Soon, and once however often it is called; not while the plot is hidden.
+  // The curves and the cursor. Soon, and once however often it is called; not while the plot is
+  // hidden.
   void Redraw();
 
-  // Saves what is shown; the ending tells the form: ".pdf", or a picture format. False when the
-  // file could not be written.
-  [[nodiscard]] bool SavePicture(const QString& path);
+  // What is shown as the bytes of a file: "pdf", or a picture format. Empty where there is no such
+  // format.
+  [[nodiscard]] QByteArray Picture(const QString& format);
 
  signals:
   // The person points at this place of the horizontal axis, by mouse or keyboard.
@@ -68,7 +70,8 @@ class CPlot final : public QWidget {
 
  private:
   void FollowPalette();
-  void ShowPens();
+  void DrawCurves();
+  void RedrawAll();
   void ShowDivisions();
   void ResetRange();
   void Zoom(double factor);
@@ -89,7 +92,8 @@ class CPlot final : public QWidget {
   bool divided_ = false;    // into those divisions at this moment
   double cursor_step_ = 0;  // 0: the arrow keys move the plot
   bool interactive_ = false;
-  bool dirty_ = true;
+  bool dirty_ = true;  // drawn when it is shown
+  bool curves_due_ = false;
 };
 
 }  // namespace zelorgas

@@ -43,13 +43,13 @@ QAction* CSimulatedMenu::Add(const char* object_name, const QString& text, const
 }
 
 void CSimulatedMenu::WriteDemoImage() {
-  std::string problem;
+  Message problem;
   const auto file = SimulatedBench::WriteDemoImage(context_.firmware.ImageFolder(), problem);
   context_.boxes.Inform(
       ToMessage(file ? tr("The image was written to\n%1\nThe firmware update offers it for the "
                           "simulated ECU only.")
                            .arg(ToQString(PathText(*file)))
-                     : tr("The image could not be written: %1").arg(ToQString(problem))),
+                     : tr("The image could not be written: %1").arg(TranslatedMessage(problem))),
       file ? MessageIcon::kInformation : MessageIcon::kExclamation);
 }
 

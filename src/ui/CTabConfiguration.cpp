@@ -92,6 +92,9 @@ QWidget* CTabConfiguration::MakeSections() {
   connect(vehicle_, &CVehicleCard::Edited, this, &CTabConfiguration::ShowMissingParts);
   column->addWidget(vehicle_);
   sections_.push_back({vehicle_, {}});
+  for (CFieldRow* const row : vehicle_->Rows()) {
+    sections_.back().items.push_back({row, nullptr, row->Words()});
+  }
   AddTitle(tr("Vehicle"));
   for (const ParameterGroup& group : ParameterGroups()) AddGroup(group, column);
   column->addStretch(1);
@@ -155,9 +158,12 @@ void CTabConfiguration::AddSwitchMode(Section& section, const Parameter& paramet
                  tr("Entries of the list of gas pressure sensors are then written as those of an "
                     "on/off switch"));
   section.card->Body().addWidget(row);
-  section.items.push_back({row, &parameter});
-  connect(switch_mode_, &QCheckBox::clicked, this,
-          [this](bool on) { models_.Configuration().SetSwitchMode(on); });
+  section.items.push_back({row, &parameter, row->Words()});
+  // Behind a choice that was made before it and is still on its way to the ECU.
+  connect(switch_mode_, &QCheckBox::clicked, this, [this](bool on) {
+    context_.control.RunLaterOnThisEcu(this,
+                                       [this, on] { models_.Configuration().SetSwitchMode(on); });
+  });
 }
 
 QProgressBar* CTabConfiguration::AddLiveBar(Section& section, const Parameter& parameter,
@@ -194,23 +200,31 @@ void CTabConfiguration::ShowLive() {
 }
 
 void CTabConfiguration::ShowSections() {
-  const bool searching = !search_->text().trimmed().isEmpty();
+  const QStringList words = search_->text().toLower().split(' ', Qt::SkipEmptyParts);
+  const bool searching = !words.isEmpty();
   const std::vector<const Parameter*> found =
       SearchParameters(search_->text().toLower().toStdString(), [](const Parameter& parameter) {
         return TranslatedMessage(parameter.meaning).toLower().toStdString();
       });
-  const auto is_found = [&found](const Item& item) {
-    return std::ranges::find(found, item.parameter) != found.end();
+  std::size_t count = found.size();
+  const auto has_words = [&words](const Item& item) {
+    return !item.words.isEmpty() && std::ranges::all_of(words, [&](const QString& word) {
+      return item.words.contains(word, Qt::CaseInsensitive);
+    });
+  };
+  const auto is_found = [&](const Item& item) {
+    return std::ranges::find(found, item.parameter) != found.end() || has_words(item);
   };
   for (std::size_t i = 0; i < sections_.size(); ++i) {
     const Section& section = sections_[i];
     for (const Item& item : section.items) item.widget->setVisible(is_found(item));
+    count += static_cast<std::size_t>(std::ranges::count_if(section.items, has_words));
     const bool chosen = static_cast<int>(i) == titles_->currentRow();
     section.card->setVisible(searching ? std::ranges::any_of(section.items, is_found) : chosen);
   }
   found_->setVisible(searching);
-  found_->setText(found.empty() ? tr("No parameter has these words in its name or meaning.")
-                                : tr("Parameters found: %1").arg(found.size()));
+  found_->setText(count == 0 ? tr("Nothing here has these words in its name or meaning.")
+                             : tr("Found: %1").arg(count));
   scroll_->verticalScrollBar()->setValue(0);
   ShowLive();
 }

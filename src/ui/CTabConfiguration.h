@@ -35,10 +35,12 @@ class CTabConfiguration final : public CEcuPage {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  // What stands in a card for a parameter: its row, and what goes with it.
+  // What stands in a card: the row of a parameter, what goes with it, or a row that is found by its
+  // own words.
   struct Item {
     QWidget* widget;
-    const Parameter* parameter;
+    const Parameter* parameter;  // null: none
+    QString words = {};
   };
   struct Section {
     CCard* card;

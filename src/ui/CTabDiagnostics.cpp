@@ -1,6 +1,7 @@
 #include "ui/CTabDiagnostics.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -8,7 +9,7 @@
 #include <limits>
 
 #include "config/StoragePaths.h"
-#include "diag/RecordingFile.h"
+#include "config/Utf8Text.h"
 #include "platform/FileSystem.h"
 #include "ui/CCaption.h"
 #include "ui/CFileDlg.h"
@@ -25,6 +26,19 @@ constexpr QColor kScreenText{214, 214, 214};
 constexpr double kLeastTop = 20;
 constexpr double kStep = 5;
 constexpr int kNoteLines = 3;
+// The notes of a person are far shorter; a page of more than this is slow to lay out.
+constexpr std::size_t kLongestNotes = 20'000;  // bytes
+constexpr std::size_t kMostNoteLines = 1000;
+
+// A name that does not end in one of the types gets the ending of the one that is chosen: what
+// stands behind another point belongs to the name.
+QString WithEnding(const QString& file, const QString& chosen_type) {
+  for (const char* const ending : {".png", ".pdf", ".csv"}) {
+    if (file.endsWith(ending, Qt::CaseInsensitive)) return file;
+  }
+  const qsizetype point = chosen_type.lastIndexOf("*.") + 1;
+  return file + chosen_type.mid(point, chosen_type.lastIndexOf(')') - point);
+}
 
 QPalette ScreenPalette() {
   QPalette palette;
@@ -69,6 +83,7 @@ CTabDiagnostics::CTabDiagnostics(UiContext& context, Oscilloscope& oscilloscope,
   connect(plot_, &CPlot::PointedAt, this, &CTabDiagnostics::ReadOutAt);
   connect(notes_, &QPlainTextEdit::textChanged, this,
           [this] { oscilloscope_.SetNotes(notes_->toPlainText().toStdString()); });
+  ShowNotes();
   ShowControls();
 }
 
@@ -146,15 +161,16 @@ void CTabDiagnostics::ShowImage() {
 void CTabDiagnostics::ShowLive() {
   if (!oscilloscope_.Recording()) return;
   ShowReadOut();
-  ++undrawn_;
-  // A sample that moves the graph by less than a pixel can wait for the next.
+  // Samples that move the graph by less than a pixel can wait for the next.
+  const auto undrawn = static_cast<double>(oscilloscope_.Changes() - drawn_);
   const double sample_width =
       plot_->width() * kScopeSamplePeriodSeconds / oscilloscope_.SpanSeconds();
-  if (static_cast<double>(undrawn_) * sample_width >= 1) ShowTraces();
+  if (undrawn * sample_width >= 1) ShowTraces();
 }
 
 void CTabDiagnostics::ShowTraces() {
-  undrawn_ = 0;
+  if (held_) return;
+  drawn_ = oscilloscope_.Changes();
   // A graph that can be zoomed has every sample.
   const int columns = oscilloscope_.Recording() ? plot_->width() : std::numeric_limits<int>::max();
   double bottom = 0;
@@ -231,37 +247,50 @@ void CTabDiagnostics::ReadOutAt(double seconds) {
   ShowReadOut();
 }
 
-bool CTabDiagnostics::Save(const std::filesystem::path& file) {
-  folder_ = file.parent_path();
-  std::error_code failed;
-  std::filesystem::create_directories(folder_, failed);
-  return SaveRecording(oscilloscope_, file, context_.boxes);
+void CTabDiagnostics::ShowNotes() {
+  const std::string& notes = oscilloscope_.Notes();
+  const std::string shown = Shortened(notes, kLongestNotes, kMostNoteLines);
+  const bool whole = shown == notes;
+  QString text = ToQString(shown);
+  if (!whole) {
+    text.prepend('[' + tr("Too long to be shown whole; saving keeps all of it.") + "]\n");
+  }
+  const QSignalBlocker quiet(notes_);
+  notes_->setPlainText(text);
+  // An edit would take the place of what is not shown.
+  notes_->setReadOnly(!whole);
 }
 
-bool CTabDiagnostics::Load(const std::filesystem::path& file) {
+bool CTabDiagnostics::Save(const ScopeSnapshot& seen, const std::filesystem::path& file) {
+  if (!SaveRecording(oscilloscope_, seen, file, context_.boxes)) return false;
   folder_ = file.parent_path();
-  const bool complete = LoadRecording(oscilloscope_, file, context_.boxes);
-  const QSignalBlocker quiet(notes_);
-  notes_->setPlainText(ToQString(oscilloscope_.Notes()));
+  emit FileUsed(ToQString(PathText(file)));
+  return true;
+}
+
+RecordingLoad CTabDiagnostics::Load(const std::filesystem::path& file) {
+  const RecordingLoad load = LoadRecording(oscilloscope_, file, context_.boxes);
+  if (load == RecordingLoad::kDeclined || load == RecordingLoad::kFailed) return load;
+  folder_ = file.parent_path();
   cursor_.reset();
   plot_->SetCursor(cursor_);
+  ShowNotes();
   ShowControls();
   ShowTraces();
-  return complete;
+  emit FileUsed(ToQString(PathText(file)));
+  return load;
 }
 
-bool CTabDiagnostics::Export(const QString& file) {
-  std::string reason;
-  bool done = false;
-  if (file.endsWith(".csv", Qt::CaseInsensitive)) {
-    done = WriteWholeFile(PathFromText(file.toStdString()), RecordingCsv(oscilloscope_.Traces()),
-                          reason);
-  } else {
-    done = plot_->SavePicture(file);
-  }
+bool CTabDiagnostics::Export(const ScopeTraces& seen, const QString& file) {
+  const QString ending = QFileInfo(file).suffix().toLower();
+  const std::string bytes =
+      ending == "csv" ? RecordingCsv(seen) : plot_->Picture(ending).toStdString();
+  Message reason;
+  const bool done =
+      !bytes.empty() && WriteWholeFile(PathFromText(file.toStdString()), bytes, reason);
   const QString text = done ? tr("%1 has been written.") : tr("%1 could not be written.");
   Message said = ToMessage(text.arg(file));
-  if (!reason.empty()) said.Append("\n", Message::Verbatim(reason));
+  if (!reason.empty()) said.Append("\n", reason);
   if (done) {
     context_.boxes.Status(said);
   } else {
@@ -271,10 +300,12 @@ bool CTabDiagnostics::Export(const QString& file) {
 }
 
 void CTabDiagnostics::AskForFileToSave() {
+  // More arrives while the file is named.
+  const ScopeSnapshot seen = oscilloscope_.Snapshot();
   CFileDlg dialog(CFileDlg::Purpose::kSave, tr("Save the recording"), StorageRoot(WorkingFolder()),
                   std::string(kRecordingExtension), this);
   dialog.SelectFolder(folder_);
-  if (dialog.exec() == QDialog::Accepted) Save(dialog.File());
+  if (dialog.exec() == QDialog::Accepted) Save(seen, dialog.File());
 }
 
 void CTabDiagnostics::AskForFileToLoad() {
@@ -290,14 +321,23 @@ void CTabDiagnostics::AskForExport() {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setNameFilters(
       {tr("Picture (*.png)"), tr("Document (*.pdf)"), tr("Comma-separated values (*.csv)")});
-  // A name without an ending gets that of the type that is chosen.
-  const auto follow_type = [&dialog](const QString& type) {
-    const qsizetype ending = type.lastIndexOf("*.") + 2;
-    dialog.setDefaultSuffix(type.mid(ending, type.lastIndexOf(')') - ending));
-  };
-  connect(&dialog, &QFileDialog::filterSelected, this, follow_type);
-  follow_type(dialog.selectedNameFilter());
-  if (dialog.exec() == QDialog::Accepted) Export(dialog.selectedFiles().constFirst());
+  // The dialog would ask about the name as it was typed.
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  // What is exported is what was seen, as with a recording.
+  const ScopeTraces seen = oscilloscope_.Traces();
+  held_ = true;
+  while (dialog.exec() == QDialog::Accepted) {
+    const QString file =
+        WithEnding(dialog.selectedFiles().constFirst(), dialog.selectedNameFilter());
+    if (QFileInfo::exists(file) &&
+        !context_.boxes.Ask(ToMessage(tr("%1 exists.\nDo you want to replace it?").arg(file)))) {
+      continue;
+    }
+    Export(seen, file);
+    break;
+  }
+  held_ = false;
+  ShowTraces();
 }
 
 }  // namespace zelorgas

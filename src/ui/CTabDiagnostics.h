@@ -7,10 +7,12 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 
 #include "diag/Oscilloscope.h"
+#include "diag/RecordingFile.h"
 #include "ui/CChannelRow.h"
 #include "ui/CEcuPage.h"
 #include "ui/CElidedLabel.h"
@@ -30,12 +32,18 @@ class CTabDiagnostics final : public CEcuPage {
   void ShowLive() override;
 
   // The same as the buttons, with the file chosen; false when it was not done.
-  bool Save(const std::filesystem::path& file);
-  bool Load(const std::filesystem::path& file);
+  bool Save(const std::filesystem::path& file) { return Save(oscilloscope_.Snapshot(), file); }
+  RecordingLoad Load(const std::filesystem::path& file);
   // By its ending a picture, or comma-separated values.
-  bool Export(const QString& file);
+  bool Export(const QString& file) { return Export(oscilloscope_.Traces(), file); }
+
+ signals:
+  // A recording was saved to this file or loaded from it.
+  void FileUsed(const QString& file);
 
  private:
+  bool Save(const ScopeSnapshot& seen, const std::filesystem::path& file);
+  bool Export(const ScopeTraces& seen, const QString& file);
   [[nodiscard]] QWidget* MakeTools();
   [[nodiscard]] QWidget* MakeChannels();
   void RunOrStop();
@@ -47,6 +55,7 @@ class CTabDiagnostics final : public CEcuPage {
   void AskForExport();
   void ShowControls();
   void ShowTraces();
+  void ShowNotes();
   void ShowReadOut();
 
   UiContext& context_;
@@ -60,7 +69,8 @@ class CTabDiagnostics final : public CEcuPage {
   QPlainTextEdit* notes_;
   std::optional<double> cursor_;  // seconds before the newest sample, while stopped
   std::filesystem::path folder_;
-  std::size_t undrawn_ = 0;  // samples since the graph was drawn
+  std::uint64_t drawn_ = 0;  // the oscilloscope's changes when the graph was drawn
+  bool held_ = false;        // the graph stands still
 };
 
 }  // namespace zelorgas

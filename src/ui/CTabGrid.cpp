@@ -2,8 +2,10 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <memory>
 #include <utility>
 
 #include "ui/CCellChangeDlg.h"
@@ -195,7 +197,17 @@ void CTabGrid::MakeCommands() {
     button->setAccessibleName(action->text());
     button->setFocusPolicy(Qt::TabFocus);
   }
+  undo_waiting_ = AddKeysForWaiting(undo_);
+  redo_waiting_ = AddKeysForWaiting(redo_);
   FollowSteps();
+}
+
+QShortcut* CTabGrid::AddKeysForWaiting(QAction* action) {
+  auto* const keys = new QShortcut(action->shortcut(), this);
+  keys->setContext(Qt::WidgetWithChildrenShortcut);
+  keys->setAutoRepeat(false);
+  connect(keys, &QShortcut::activated, action, [action] { emit action->triggered(); });
+  return keys;
 }
 
 void CTabGrid::AskAreaChange() {
@@ -241,9 +253,17 @@ void CTabGrid::Paste() {
 }
 
 void CTabGrid::Run(const QString& what, Edit edit) {
+  ++waiting_;
+  FollowSteps();
+  // Goes with the task, be it that the task has never run.
+  const std::shared_ptr<void> wanted(nullptr, [page = QPointer(this)](void*) {
+    if (!page) return;
+    --page->waiting_;
+    page->FollowSteps();
+  });
   // Later: the field or the dialog that wants it has still to be closed.
-  context_.control.RunLaterOnThisEcu(this,
-                                     [this, what, edit = std::move(edit)] { Perform(what, edit); });
+  context_.control.RunLaterOnThisEcu(
+      this, [this, what, edit = std::move(edit), wanted] { Perform(what, edit); });
 }
 
 void CTabGrid::Perform(const QString& what, const Edit& edit) {
@@ -279,6 +299,8 @@ void CTabGrid::FollowBusy(bool busy) {
 void CTabGrid::FollowSteps() {
   undo_->setEnabled(!greyed_ && model_.CanUndo());
   redo_->setEnabled(!greyed_ && model_.CanRedo());
+  undo_waiting_->setEnabled(waiting_ > 0 && !undo_->isEnabled());
+  redo_waiting_->setEnabled(waiting_ > 0 && !redo_->isEnabled());
 }
 
 void CTabGrid::ShowGrid() {

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QDialog>
 #include <QKeySequence>
+#include <QShortcut>
 #include <QTimer>
 #include <QToolBar>
 #include <functional>
@@ -54,6 +55,9 @@ class CTabGrid final : public CEcuPage {
   void Perform(const QString& what, const Edit& edit);
   void FollowBusy(bool busy);
   void FollowSteps();
+  // Lets the keys of `action` work also where it is greyed only because what it takes back, or
+  // makes again, is still on its way to the ECU.
+  QShortcut* AddKeysForWaiting(QAction* action);
   void ShowGrid();
 
   UiContext& context_;
@@ -67,6 +71,9 @@ class CTabGrid final : public CEcuPage {
   std::vector<QAction*> ecu_actions_;
   QAction* undo_ = nullptr;
   QAction* redo_ = nullptr;
+  QShortcut* undo_waiting_ = nullptr;
+  QShortcut* redo_waiting_ = nullptr;
+  int waiting_ = 0;  // edits that have been wanted and have not ended
   bool greyed_ = false;
   std::optional<GridAxes> unwritten_;  // the centres that this ECU was to get and did not take
   // Commands are greyed only while a procedure takes its time, not for the blink of a single cell.

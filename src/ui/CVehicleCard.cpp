@@ -4,7 +4,6 @@
 #include <QLocale>
 
 #include "ui/CCaption.h"
-#include "ui/CFieldRow.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
@@ -33,11 +32,15 @@ CVehicleCard::CVehicleCard(VehicleData& vehicle, ConfigurationModel& model, QWid
 
 QLineEdit* CVehicleCard::AddField(const QString& object_name, const QString& text,
                                   const QString& tooltip) {
-  auto* const row = new CFieldRow(text, {}, this);
   auto* const field = new QLineEdit;
-  row->SetEditor(field, object_name, tooltip);
-  Body().addWidget(row);
+  AddRow(text)->SetEditor(field, object_name, tooltip);
   return field;
+}
+
+CFieldRow* CVehicleCard::AddRow(const QString& text) {
+  rows_.push_back(new CFieldRow(text, {}, this));
+  Body().addWidget(rows_.back());
+  return rows_.back();
 }
 
 QLineEdit* CVehicleCard::AddText(const QString& object_name, const QString& text,
@@ -67,14 +70,13 @@ void CVehicleCard::AddEngineSize() {
 }
 
 void CVehicleCard::AddRoutingMap() {
-  auto* const row = new CFieldRow(tr("Injector routing map"), {}, this);
   routing_map_ = new CChoiceList;
   for (unsigned map = 0; map < ConfigurationModel::kRoutingMapCount; ++map) {
     routing_map_->addItem(tr("Map %1").arg(map + 1));
   }
-  row->SetEditor(routing_map_, "routing_map",
-                 tr("Which of the ECU's injector routing maps a stored file carries"));
-  Body().addWidget(row);
+  AddRow(tr("Injector routing map"))
+      ->SetEditor(routing_map_, "routing_map",
+                  tr("Which of the ECU's injector routing maps a stored file carries"));
   connect(routing_map_, &CChoiceList::activated, this,
           [this](int index) { model_.SelectRoutingMap(static_cast<unsigned>(index)); });
 }

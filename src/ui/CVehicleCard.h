@@ -4,10 +4,12 @@
 
 #include <QLineEdit>
 #include <string>
+#include <vector>
 
 #include "injectors/ConfigurationModel.h"
 #include "ui/CCard.h"
 #include "ui/CChoiceList.h"
+#include "ui/CFieldRow.h"
 
 namespace zelorgas {
 
@@ -19,12 +21,14 @@ class CVehicleCard final : public CCard {
   CVehicleCard(VehicleData& vehicle, ConfigurationModel& model, QWidget* parent);
 
   void ShowVehicle();
+  [[nodiscard]] const std::vector<CFieldRow*>& Rows() const { return rows_; }
 
  signals:
   void Edited();
 
  private:
   QLineEdit* AddText(const QString& object_name, const QString& text, std::string& field);
+  CFieldRow* AddRow(const QString& text);
   QLineEdit* AddField(const QString& object_name, const QString& text, const QString& tooltip);
   void AddEngineSize();
   void AddRoutingMap();
@@ -36,6 +40,7 @@ class CVehicleCard final : public CCard {
   QLineEdit* engine_code_;
   QLineEdit* engine_size_ = nullptr;
   CChoiceList* routing_map_ = nullptr;
+  std::vector<CFieldRow*> rows_;
 };
 
 }  // namespace zelorgas

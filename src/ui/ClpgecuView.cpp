@@ -70,6 +70,11 @@ CEcuPage& ClpgecuView::TurnTo(const QString& title) {
   return (*frame)->Page();
 }
 
+QString ClpgecuView::CurrentPage() const {
+  auto* const frame = qobject_cast<CPageFrame*>(tabs_->currentWidget());
+  return frame == nullptr ? start_page_->objectName() : frame->Page().objectName();
+}
+
 void ClpgecuView::MarkPage(const QString& title, bool marked) {
   for (int tab = 0; tab < tabs_->count(); ++tab) {
     if (tabs_->tabText(tab) != title) continue;

@@ -32,6 +32,9 @@ class ClpgecuView final : public QWidget {
     return *qobject_cast<Page*>(&TurnTo(title));
   }
 
+  // The object name of the page that is open.
+  [[nodiscard]] QString CurrentPage() const;
+
   // The tab of that title has something that the person should look at, or no longer.
   void MarkPage(const QString& title, bool marked);
 

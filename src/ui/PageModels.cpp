@@ -70,9 +70,12 @@ void PageModels::TakeImage() {
   configuration_.TakeFromImage();
   image_read_ = true;
   FollowGrid();
+  // Later: what the worker has reported is first shown to its end.
+  if (grid_.Unsettled()) {
+    context_.control.RunLaterOnThisEcu(this, [this] { grid_.Settle(); });
+  }
   if (!std::exchange(link_was_lost_, false)) return;
-  // The ECU may have been without power meanwhile. Later: what the worker has reported is first
-  // shown to its end.
+  // The ECU may have been without power meanwhile.
   context_.control.RunLaterOnThisEcu(this, [this] { ReadErrors(); });
 }
 

@@ -13,7 +13,7 @@ ScopePoints PointsOf(const std::deque<double>& samples, double period, double sp
   ScopePoints points;
   const auto add = [&points, period](qsizetype index, double value) {
     points.seconds.append(static_cast<double>(index) * period);
-    points.values.append(value);
+    points.values.append(std::clamp(value, -kScopeFarthest, kScopeFarthest));
   };
   if (per_column <= 2) {
     points.seconds.reserve(size);

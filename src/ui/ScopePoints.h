@@ -11,6 +11,9 @@ struct ScopePoints {
   QVector<double> values;
 };
 
+// A damaged file may hold any number: what lies farther from zero is drawn there.
+inline constexpr double kScopeFarthest = 100'000;
+
 // `samples` newest first, `period` seconds apart. When there are more than two for each of
 // `columns` columns of the span, each column gives its smallest and its largest sample, so that no
 // peak is lost and the graph has no more to draw than can be seen.

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -29,13 +28,8 @@ SerialOpener SimulatedBench::Opener(SerialOpener others) {
 }
 
 std::optional<std::filesystem::path> SimulatedBench::WriteDemoImage(
-    const std::filesystem::path& folder, std::string& problem) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) {
-    problem = error.message();
-    return std::nullopt;
-  }
+    const std::filesystem::path& folder, Message& problem) {
+  if (!CreateFolders(folder, problem)) return std::nullopt;
   const std::vector<std::uint8_t> image = Bootloader::MakeImage(kDemoImageSize, kDemoSeed);
   const std::filesystem::path file = folder / kDemoImage;
   if (!WriteWholeFile(file, std::string(image.begin(), image.end()), problem)) return std::nullopt;

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "platform/Clock.h"
+#include "platform/Message.h"
 #include "platform/SerialDevice.h"
 #include "sim/SimulatedEcu.h"
 #include "sim/SimulatedLine.h"
@@ -38,7 +39,7 @@ class SimulatedBench {
   // Writes an image that this ECU starts, kDemoImage, into `folder`, which is made when there is
   // none, and gives its path. Nothing, with the reason in `problem`, when it could not be written.
   [[nodiscard]] static std::optional<std::filesystem::path> WriteDemoImage(
-      const std::filesystem::path& folder, std::string& problem);
+      const std::filesystem::path& folder, Message& problem);
 
   [[nodiscard]] SimulatedEcu& Ecu() { return ecu_; }
   [[nodiscard]] SimulatedLine& Line() { return line_; }

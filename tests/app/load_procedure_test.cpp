@@ -29,8 +29,8 @@ class LoadProcedureTest : public testing::Test {
   }
 
   void WriteFile(const std::string& text) {
-    std::string problem;
-    ASSERT_TRUE(WriteWholeFile(file_, text, problem)) << problem;
+    Message problem;
+    ASSERT_TRUE(WriteWholeFile(file_, text, problem)) << problem.English();
   }
 
   LoadResult Load(const TransferProgress& progress = {}) {

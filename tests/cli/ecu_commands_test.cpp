@@ -62,11 +62,17 @@ TEST_F(EcuCommands, SetWritesWhatChoosingFromACatalogueWrites) {
       {"INJECTOR_TYPE=3 NCYLINDERS=6", "285=3 284=6 "},
       {"256=7 PRESSURE_SENSOR_TPYE=Zelor-P9400", "256=7 309=35 310=4150 288=2 "},
       {"LAMBDA_OXYGENRANGE=0-12V", "324=32771 "},
+      {"PRESSURE_SENSOR_TPYE=0", "288=0 "},
+      {"PRESSURE_SENSOR_TPYE=NONE", "289=2 288=0 "},  // of a switch, now
+      {"PRESSURE_SENSOR_TPYE=Zelor-P9400", "289=1 288=0 "},
   };
   for (const auto& [assignments, writes] : cases) {
-    Print("set " + assignments);
+    EXPECT_EQ(Run("set " + assignments).status, 0);
     EXPECT_EQ(TakeWrites(), writes);
   }
+  line_.ecu.SetRegister(288, 1);
+  EXPECT_EQ(Run("set PRESSURE_SENSOR_TPYE=NONE").status, 2);
+  EXPECT_EQ(TakeWrites(), "");
 }
 
 TEST_F(EcuCommands, SetSaysWhichWereWritten) {

@@ -16,8 +16,8 @@ class FileCommands : public FolderCliTest {
   FileCommands() { WriteFile("sample.fob", SampleText()); }
 
   void WriteFile(const std::string& name, const std::string& text) {
-    std::string problem;
-    ASSERT_TRUE(WriteWholeFile(name, text, problem)) << problem;
+    Message problem;
+    ASSERT_TRUE(WriteWholeFile(name, text, problem)) << problem.English();
   }
 };
 

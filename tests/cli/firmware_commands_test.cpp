@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "cli/FolderCliTest.h"
-#include "config/ConfigurationFile.h"
+#include "config/ConfigurationBlock.h"
 #include "firmware/UpdateBench.h"
 
 namespace zelorgas {
@@ -27,9 +27,10 @@ TEST_F(FirmwareCommands, FlashWritesTheImageAndShowsHowFarItIs) {
   EXPECT_THAT(run.out, testing::MatchesRegex("written: 2700 bytes in .\\.. s\n"));
   EXPECT_THAT(run.err, HasSubstr("\nzelorgas-cli: 18 %, 0:04 left\nzelorgas-cli: 28 %, "));
   EXPECT_THAT(run.err, HasSubstr("zelorgas-cli: 100 %, 0:00 left\nzelorgas-cli: Ready\n"));
-  EXPECT_THAT(run.err, testing::ContainsRegex("What it held before: zelorgas-cli write .*.fob\n$"));
-  const std::filesystem::path backup = *std::filesystem::directory_iterator("storage/backup");
-  EXPECT_EQ(ReadConfigurationFile(backup, {}, 0).block[28], ecu_.Block()[28]);
+  const std::string advice = "What it held before: zelorgas-cli write --both-maps ";
+  ASSERT_THAT(run.err, testing::ContainsRegex(advice + ".*_backup.fob\n$"));
+  const std::size_t name = run.err.rfind(advice) + advice.size();
+  const std::string backup = run.err.substr(name, run.err.size() - name - 1);
   // The bootloader, as which the ECU is still there, takes it again.
   cli_.err_terminal = true;
   const CliHarness::Outcome again = Flash({"--yes", "--json"});
@@ -37,6 +38,25 @@ TEST_F(FirmwareCommands, FlashWritesTheImageAndShowsHowFarItIs) {
   EXPECT_THAT(again.out, HasSubstr(".ebi\",\"size\":2700,\"seconds\":"));
   EXPECT_THAT(again.err, HasSubstr("\r[#######.................................] 18 %, 0:04 left"));
   EXPECT_THAT(again.err, HasSubstr("] 100 %, 0:00 left    \nzelorgas-cli: Ready\n"));
+
+  ecu_.LosePower();
+  const ConfigurationBlock before = ecu_.Block();
+  for (const std::size_t word : {28U, 540U, 560U}) {
+    ecu_.SetRegister(RegisterOfWord(word), 0x0101);
+  }
+  EXPECT_EQ(Run({"write", "--both-maps", backup, "--yes"}).status, 0);
+  EXPECT_EQ(ecu_.Block(), before) << "a word of each routing map too";
+}
+
+TEST_F(FirmwareCommands, EraseNothingWithoutABackupUnlessThatIsSaid) {
+  std::ofstream("storage");  // in the place of the folder
+  const std::vector<std::uint8_t> before = ecu_.Flash();
+  const CliHarness::Outcome run = Flash();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("nothing has been erased; with --no-backup it goes on"));
+  EXPECT_EQ(ecu_.Flash(), before);
+  EXPECT_EQ(Flash({"--yes", "--no-backup"}).status, 0);
+  EXPECT_TRUE(image_.IsIn(ecu_));
 }
 
 TEST_F(FirmwareCommands, AskBeforeTheyErase) {

@@ -33,8 +33,8 @@ class Record : public testing::Test {
   }
   std::string Contents() {
     std::string contents;
-    std::string reason;
-    return ReadWholeFile(PathFromText(file_), contents, reason) ? contents : reason;
+    Message reason;
+    return ReadWholeFile(PathFromText(file_), contents, reason) ? contents : reason.English();
   }
 
   const TemporaryFolder folder_;

@@ -209,7 +209,7 @@ TEST(ConfigurationFile, IsWrittenAndReadOnDisk) {
   EXPECT_FALSE(WriteConfigurationFile(path, SampleConfiguration(), 0, long_notes, problem));
   EXPECT_EQ(ReadNotes(path), "Golf");
   const std::filesystem::path large = folder.Path() / "large.fob";
-  std::string reason;
+  Message reason;
   ASSERT_TRUE(WriteWholeFile(large, SampleText() + std::string(4U << 20U, ' '), reason));
   EXPECT_THAT(ReadConfigurationFile(large, {}, 0).faults[0].English(),
               HasSubstr(": it is larger than 4 MB"));

@@ -32,8 +32,8 @@ TEST(StoragePaths, NamesStayInsideTheirFolder) {
     const auto path = StorageFile(folder.Path(), name, ".fob", problem);
     ASSERT_TRUE(path) << name << ": " << problem.English();
     EXPECT_EQ(PathText(path->filename()), name + ".fob");
-    std::string reason;
-    EXPECT_TRUE(WriteWholeFile(*path, "x", reason)) << reason;
+    Message reason;
+    EXPECT_TRUE(WriteWholeFile(*path, "x", reason)) << reason.English();
   }
   EXPECT_EQ(StorageFile("x", "car.FOB", ".fob", problem), std::filesystem::path("x") / "car.FOB");
 }
@@ -55,7 +55,7 @@ TEST(StorageTree, ListsFoldersAndFilesWithTheirNotes) {
   std::filesystem::create_directories(brand / "folder.fob");
   std::filesystem::create_directories(root / "CNG");
   std::filesystem::create_directories(root / "backup");
-  std::string problem;
+  Message problem;
   ASSERT_TRUE(WriteWholeFile(brand / "b.fob", SampleText("its notes"), problem));
   ASSERT_TRUE(WriteWholeFile(brand / "A.FOB", SampleText().substr(0, 3000), problem));
   ASSERT_TRUE(WriteWholeFile(brand / "c.fob", "", problem));

@@ -97,11 +97,14 @@ TEST(Oscilloscope, AStoppedOneTakesNothing) {
   scope.SetRecording(false);
   EXPECT_EQ(scope.Samples(ScopeChannel::kLambda), (std::deque<double>{0.2, 0.1}));
   EXPECT_TRUE(scope.Unsaved());
-  scope.MarkSaved();
+  const std::uint64_t seen = scope.Changes();
+  scope.MarkSaved(seen);
   scope.SetNotes("");
   EXPECT_FALSE(scope.Unsaved());
   scope.SetNotes("now there is");
   EXPECT_TRUE(scope.Unsaved());
+  scope.MarkSaved(seen);
+  EXPECT_TRUE(scope.Unsaved()) << "what has come since is in no file";
 }
 
 TEST(Oscilloscope, ReadsAllChannelsOutAtATime) {

@@ -130,9 +130,16 @@ class RecordingFile : public testing::Test {
   }
   std::filesystem::path Write(const std::string& text) {
     const std::filesystem::path path = folder_.Path() / "written.osc";
-    std::string reason;
+    Message reason;
     EXPECT_TRUE(WriteWholeFile(path, text, reason));
     return path;
+  }
+
+  bool Save(const std::filesystem::path& path) {
+    return SaveRecording(scope_, scope_.Snapshot(), path, boxes_);
+  }
+  RecordingLoad Load(const std::filesystem::path& path) {
+    return LoadRecording(scope_, path, boxes_);
   }
 
   const TemporaryFolder folder_;
@@ -142,14 +149,15 @@ class RecordingFile : public testing::Test {
 };
 
 TEST_F(RecordingFile, SavesAndLoadsBack) {
-  ASSERT_TRUE(SaveRecording(scope_, file_, boxes_));
+  ASSERT_TRUE(Save(file_));
   EXPECT_FALSE(scope_.Unsaved());
   scope_.AddSample({});
-  EXPECT_FALSE(LoadRecording(scope_, file_, boxes_)) << "it may not be lost";
-  EXPECT_FALSE(SaveRecording(scope_, file_, boxes_)) << "the old file may not be written over";
+  EXPECT_EQ(Load(file_), RecordingLoad::kDeclined) << "it may not be lost";
+  EXPECT_FALSE(Save(file_)) << "the old file may not be written over";
   EXPECT_EQ(scope_.Traces().Length(), 2U);
   boxes_.answer = true;
-  ASSERT_TRUE(LoadRecording(scope_, file_, boxes_));
+  ASSERT_EQ(Load(file_), RecordingLoad::kLoaded);
+  EXPECT_EQ(boxes_.statuses.back(), "Loaded " + PathText(file_));
   EXPECT_THAT(boxes_.said, testing::ElementsAre("question: " + std::string(kRecordingUnsaved),
                                                 "question: " + std::string(kStoreQuestion),
                                                 "question: " + std::string(kRecordingUnsaved),
@@ -163,17 +171,17 @@ TEST_F(RecordingFile, AFileThatCannotBeReadLeavesEverythingAsItWas) {
   boxes_.answer = true;
   for (const std::filesystem::path& path :
        {folder_.Path() / "absent.osc", folder_.Path(), Write(Recording("", "1.01"))}) {
-    EXPECT_FALSE(LoadRecording(scope_, path, boxes_));
+    EXPECT_EQ(Load(path), RecordingLoad::kFailed);
     EXPECT_EQ(boxes_.said.back(), "error: " + std::string(kConfigurationNotLoaded));
     EXPECT_FALSE(boxes_.statuses.back().empty());
     EXPECT_EQ(scope_.Notes(), "mine");
     EXPECT_EQ(scope_.Samples(ScopeChannel::kRpm), std::deque<double>{1});
     EXPECT_TRUE(scope_.Unsaved());
   }
-  EXPECT_FALSE(SaveRecording(scope_, folder_.Path() / "no" / "folder.osc", boxes_));
+  EXPECT_FALSE(Save(folder_.Path() / "written.osc" / "no folder.osc"));
   EXPECT_TRUE(scope_.Unsaved());
   EXPECT_EQ(boxes_.said.back(), "error: " + std::string(kConfigurationNotStored));
-  EXPECT_FALSE(LoadRecording(scope_, Write(Recording(Data("RPM=\"1,5;7.00\""))), boxes_));
+  EXPECT_EQ(Load(Write(Recording(Data("RPM=\"1,5;7.00\"")))), RecordingLoad::kIncomplete);
   EXPECT_EQ(scope_.Samples(ScopeChannel::kRpm), std::deque<double>{7}) << "what could be read";
 }
 

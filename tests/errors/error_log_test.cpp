@@ -96,8 +96,9 @@ TEST(ErrorLog, DeletesAllByTheCoilOfTheFirmware) {
       {'\'', 0, "66=off 66=on", true},
       {'#', 0, "", false},
       {'%', 0, "", false},
-      {'\'', 1, "66=off 66=off 66=off 66=on", true},
-      {'\'', 2, "66=off 66=on 66=on 66=on", false},
+      {'\'', 1, "", false},
+      {'\'', 2, "66=off 66=off 66=off 66=on", true},
+      {'\'', 3, "66=off 66=on 66=on 66=on", false},
   };
   for (const auto& [minor, lost, writes, done] : cases) {
     SCOPED_TRACE(std::to_string(minor) + " " + writes);
@@ -114,6 +115,17 @@ TEST(ErrorLog, DeletesAllByTheCoilOfTheFirmware) {
     EXPECT_EQ(ecu.boxes.said, said);
     EXPECT_TRUE(ecu.Polls());
   }
+}
+
+TEST(ErrorLog, DeletesNothingFromAnotherEcuThatCameWhileTheQuestionWasOpen) {
+  Errors ecu;
+  ASSERT_EQ(ecu.log.ReadErrors(), ModbusResult::kOk);
+  ErrorPage& page = ecu.Page(ErrorBank::kTemporary);
+  page.Select(0);
+  ecu.boxes.while_asking = [&] { ecu.ecu.SetSerial(654321); };
+  EXPECT_FALSE(page.DeleteSelected(ecu.boxes) || page.DeleteAll(ecu.boxes));
+  EXPECT_EQ(ecu.TakeWrites(), "");
+  EXPECT_EQ(ecu.boxes.informed, std::vector(2, std::string(kAnotherEcuAnswers)));
 }
 
 TEST(ErrorPage, AsksFirstAndSaysWhyItDoesNothing) {

@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
     std::printf("%s\n", file.filename().string().c_str());
     static_cast<void>(std::fflush(stdout));
     std::string contents;
-    std::string reason;
+    zelorgas::Message reason;
     if (!zelorgas::ReadWholeFile(file, contents, reason)) return 1;
     const std::vector<std::uint8_t> bytes(contents.begin(), contents.end());
     LLVMFuzzerTestOneInput(bytes.data(), bytes.size());

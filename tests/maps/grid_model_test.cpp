@@ -149,18 +149,69 @@ TEST(GridModel, AFailureAtAnyCellLeavesThatCellAndItsUndoAlone) {
   }
 }
 
-TEST(GridModel, AWriteWhoseAnswersWereLostIsReadBack) {
-  GridOnEcu on;
-  ASSERT_TRUE(on.document.PrepareWorker());
-  CommWorker worker(on.document);
-  worker.RunRound();
-  on.FailWrite(1, {FaultKind::kDropAnswer});
-  on.grid.EditCell({1, 1}, "2.5");
-  EXPECT_EQ(on.Disagreement(), "1,1");
-  worker.RunRound();
-  on.grid.TakeImage(on.document.Snapshot());
-  EXPECT_EQ(on.grid.CellText({1, 1}), "2.50");
-  EXPECT_EQ(on.Disagreement(), "");
+TEST(GridModel, AWriteWhoseAnswersWereLostIsReadBackAndKeepsItsUndo) {
+  // How many of the exchanges that look after the write fail too: none, all at first, the next
+  // action's too.
+  for (const std::uint64_t more : {0U, 3U, 6U}) {
+    SCOPED_TRACE(more);
+    GridOnEcu on;
+    const auto lose = [&] {
+      on.FailWrite(1, {FaultKind::kDropAnswer});
+      for (std::uint64_t i = 0; i < more; ++i) on.line.ArmFault({FaultKind::kSilent, 1}, 4 + i);
+    };
+    lose();
+    EXPECT_EQ(on.grid.EditCell({4, 4}, "2.5").written, more == 0 ? 1U : 0U);
+    EXPECT_EQ(on.Word({4, 4}), 250);
+    EXPECT_EQ(on.grid.Unsettled(), more > 0);
+    if (more == 6) {
+      EXPECT_TRUE(on.grid.Step(Cells{{4, 4}}, 1).refused) << "of what?";
+      EXPECT_EQ(on.boxes.informed.size(), 2U);
+    }
+    EXPECT_EQ(on.grid.Step(Cells{{4, 4}}, 1).written, 1U);
+    EXPECT_EQ(on.Word({4, 4}), 251) << "by what the ECU has";
+    EXPECT_EQ(on.Disagreement(), "");
+
+    lose();
+    EXPECT_EQ(on.grid.Undo().written, more == 0 ? 1U : 0U);
+    EXPECT_EQ(on.Word({4, 4}), 250);
+    EXPECT_TRUE(on.grid.CanUndo());
+    on.grid.Settle();
+    EXPECT_EQ(on.grid.Unsettled(), more == 6);
+    on.grid.Settle();
+    EXPECT_EQ(on.Disagreement(), "");
+    EXPECT_EQ(on.grid.Undo().written, 1U);
+    EXPECT_EQ(on.Words(on.area), kUntouched);
+    EXPECT_FALSE(on.grid.CanUndo());
+    on.grid.Redo();
+    EXPECT_EQ(on.grid.Redo().written, 1U);
+    EXPECT_EQ(on.Word({4, 4}), 251);
+  }
+}
+
+TEST(GridModel, WritesNothingMoreToAnotherEcu) {
+  for (const bool noticed_by_the_polling : {false, true}) {
+    GridOnEcu on;
+    ASSERT_TRUE(on.document.PrepareWorker());
+    CommWorker worker(on.document);
+    worker.RunRound();
+    const std::size_t before = on.ecu.WriteCount();
+    if (noticed_by_the_polling) {
+      on.ecu.SetSerial(654321);
+      on.document.RequestRefresh();
+      worker.RunRound();
+      EXPECT_TRUE(on.document.AnotherEcu());
+    } else {
+      on.FailWrite(4, {FaultKind::kDropRequest});
+    }
+    const GridResult result =
+        on.grid.Step(on.area, 1, {[&](GridCell) { on.ecu.SetSerial(2); }, {}});
+    EXPECT_TRUE(result.another_ecu);
+    EXPECT_EQ(result.written, noticed_by_the_polling ? 0U : 3U);
+    EXPECT_EQ(on.ecu.WriteCount(), before + result.written);
+    EXPECT_EQ(on.boxes.informed, std::vector{std::string(kAnotherEcuAnswers)});
+    const auto centres = on.grid.WriteCentres(on.grid.Axes());
+    EXPECT_EQ(centres.rows_written, !noticed_by_the_polling);
+  }
 }
 
 TEST(GridModel, ALongActionStopsBetweenCellsAndKeepsWhatWasWritten) {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <chrono>
 
@@ -18,7 +19,7 @@ TEST(FileSystemPosix, AKilledProcessLeavesTheOldOrTheNewFile) {
   const std::string old_contents(100'000, 'o');
   const std::string new_contents(200'000, 'n');
   std::string contents;
-  std::string reason;
+  Message reason;
   constexpr int kOperations = 7;
   constexpr int kRename = 5;
   for (int index = 0; index < kOperations; ++index) {
@@ -41,6 +42,21 @@ TEST(FileSystemPosix, AKilledProcessLeavesTheOldOrTheNewFile) {
       }
     }
   }
+}
+
+// Not every file that cannot be opened is forbidden.
+TEST(FileSystemPosix, SaysWhyAFileCannotBeOpened) {
+  const TemporaryFolder folder;
+  std::string contents;
+  Message reason;
+  ASSERT_TRUE(WriteWholeFile(folder.Path() / "file", "x", reason));
+  rlimit limit{};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
+  const rlimit none{0, limit.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+  EXPECT_FALSE(ReadWholeFile(folder.Path() / "file", contents, reason));
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
+  EXPECT_EQ(reason, "Too many open files");
 }
 
 }  // namespace

@@ -16,8 +16,8 @@ class FileSystem : public testing::Test {
  protected:
   std::string Contents(const fs::path& path) {
     std::string contents = "(none)";
-    std::string reason;
-    return ReadWholeFile(path, contents, reason) ? contents : "(" + reason + ")";
+    Message reason;
+    return ReadWholeFile(path, contents, reason) ? contents : "(" + reason.English() + ")";
   }
   std::ptrdiff_t FileCount() {
     return std::distance(fs::directory_iterator(folder_.Path()), fs::directory_iterator());
@@ -27,12 +27,12 @@ class FileSystem : public testing::Test {
   const fs::path file_ = folder_.Path() / PathFromText("m\xC3\xBCll.fob");
   const std::string old_ = std::string(100'000, 'o') + std::string("\0\r\n", 3);
   const std::string new_ = std::string(200'000, 'n');
-  std::string reason_;
+  Message reason_;
 };
 
 TEST_F(FileSystem, WritesAndReadsWhatItWasGiven) {
   for (const std::string& contents : {old_, new_, std::string()}) {
-    ASSERT_TRUE(WriteWholeFile(file_, contents, reason_)) << reason_;
+    ASSERT_TRUE(WriteWholeFile(file_, contents, reason_)) << reason_.English();
     EXPECT_EQ(Contents(file_), contents);
     EXPECT_EQ(FileCount(), 1);
   }
@@ -46,7 +46,7 @@ TEST_F(FileSystem, AfterAnyFailureTheFileIsTheOldOrTheNewOne) {
       fs::remove(file_);
       ASSERT_TRUE(!exists || WriteWholeFile(file_, old_, reason_));
       FaultyFiles files(index, FileFault::kFails);
-      reason_.clear();
+      reason_ = {};
       const bool written = WriteWholeFileWith(files, file_, new_, reason_);
       happened = files.Happened();
       const std::string kept = exists ? old_ : "(No such file or directory)";
@@ -69,7 +69,7 @@ TEST_F(FileSystem, WhatIsNoFileIsRefusedWithItsReason) {
   fs::remove(folder_.Path() / "large");
   EXPECT_FALSE(WriteWholeFile(folder_.Path(), new_, reason_));
   EXPECT_EQ(reason_, "Is a directory");
-  reason_.clear();
+  reason_ = {};
   EXPECT_FALSE(WriteWholeFile(folder_.Path() / "no" / "such", new_, reason_));
   EXPECT_NE(reason_, "");
   EXPECT_EQ(FileCount(), 0);

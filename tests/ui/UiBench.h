@@ -3,9 +3,7 @@
 #pragma once
 
 #include <QApplication>
-#include <QTest>
 #include <QWidget>
-#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -17,10 +15,11 @@
 #include "ui/CFirmwareUpdate.h"
 #include "ui/CMainFrame.h"
 #include "ui/UiContext.h"
+#include "ui/WindowUser.h"
 
 namespace zelorgas {
 
-class UiBench {
+class UiBench final : public WindowUser {
  public:
   explicit UiBench(Clock& clock, std::string_view stored_port = kSimulatedPortName,
                    SimulatedLineOptions line = {.paced = false})
@@ -49,36 +48,8 @@ class UiBench {
     frame->show();
   }
 
-  // The widget or action of that name; the test ends without it.
-  template <typename T>
-  [[nodiscard]] T& Find(const char* name) const {
-    T* const found = frame->findChild<T*>(name);
-    if (found == nullptr) qFatal("there is no %s", name);
-    return *found;
-  }
-  [[nodiscard]] std::string Text(const char* label) const {
-    return Find<QLabel>(label).text().toStdString();
-  }
   [[nodiscard]] std::string Live(const char* tile) const {
     return Find<CValueTile>(tile).Value().toStdString();
-  }
-  void Click(const char* button) const {
-    QTest::mouseClick(&Find<QWidget>(button), Qt::LeftButton);
-  }
-  void OpenTab(const QString& title) const {
-    auto& tabs = Find<QTabWidget>("tabs");
-    for (int tab = 0; tab < tabs.count(); ++tab) {
-      if (tabs.tabText(tab) == title) tabs.setCurrentIndex(tab);
-    }
-    // A page that has just been made is shown by an event.
-    QCoreApplication::processEvents();
-  }
-  // Runs the event loop until `condition` holds; false when it does not come to that.
-  static bool WaitFor(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition, 60000);
-  }
-  [[nodiscard]] bool WaitForState(const char* text) const {
-    return WaitFor([&] { return Text("communication_state") == text; });
   }
   bool Connect() {
     Click("connect_button");
@@ -86,12 +57,11 @@ class UiBench {
            WaitFor([&] { return Live("live_engine_speed") != kDashes; });
   }
 
-  static constexpr const char* kConnected = "Communication : Connection OK!";
-  static constexpr const char* kConnecting = "Communication : Connecting...";
-  static constexpr const char* kNotConnected = "Communication : Not connected!";
   static constexpr const char* kDashes = "------";
 
  private:
+  [[nodiscard]] QWidget& Window() const override { return *frame; }
+
   class NoThread final : public PortWatcher {
     [[nodiscard]] bool Ended() const override { return false; }
   };

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -11,6 +13,7 @@
 
 #include "config/Parameters.h"
 #include "ui/CParameterRow.h"
+#include "ui/ClpgecuView.h"
 #include "ui/FastClock.h"
 #include "ui/UiBench.h"
 
@@ -145,15 +148,47 @@ TEST(ConfigurationPage, SensorsSetTheScaleOfWhatTheyMeasure) {
   auto& pressure = page.bench.Find<QProgressBar>("gas_pressure_now");
   page.Choose("pressure_sensor_tpye", "Zelor-P9400");
   EXPECT_EQ(pressure.maximum(), 4200);
-  page.bench.Find<QCheckBox>("switch_mode").click();
-  page.Choose("pressure_sensor_tpye", "Zelor-P9400");
+  auto& switch_mode = page.bench.Find<QCheckBox>("switch_mode");
+  const auto choose = [&](int index) {
+    emit page.List("pressure_sensor_tpye").activated(index);
+    switch_mode.click();
+  };
+  // The click comes before the choice is in the ECU, and is not meant for that.
+  choose(0);
+  EXPECT_TRUE(page.WaitInEcu("PRESSURE_SENSOR_TPYE", 1));
+  choose(1);
   EXPECT_TRUE(page.WaitInEcu("PRESSURE_SENSOR_TPYE", 0));
   EXPECT_EQ(page.InEcu("ONOFF_PRESSURE_SENSOR_TPYE"), 1);
+  EXPECT_TRUE(UiBench::WaitFor([&] { return !page.bench.control.Busy(); }));
+  EXPECT_FALSE(switch_mode.isChecked());
 
   page.Type(page.Field("parameter_search"), "lambda", Qt::Key_End);
   page.Choose("lambda_oxygenrange", "0-12V");
   EXPECT_EQ(page.bench.simulated.Ecu().Register(324), 3);
   EXPECT_EQ(page.bench.Find<QProgressBar>("lambda1_now").maximum(), 1200);
+}
+
+TEST(ConfigurationPage, AnOpenListShowsAfterwardsWhatCameMeanwhile) {
+  ConfigurationPage page("Sensors");
+  QComboBox& list = page.List("tw_sensor_type");
+  const auto while_open = [&](std::uint16_t in_ecu, std::initializer_list<Qt::Key> keys) {
+    list.showPopup();
+    page.bench.simulated.Ecu().SetRegister(286, in_ecu);
+    bool read = false;
+    QObject scope;
+    QObject::connect(&page.bench.Find<ClpgecuView>("main_view"), &ClpgecuView::ImageRead, &scope,
+                     [&read] { read = true; });
+    page.bench.Find<QAction>("refresh_action").trigger();
+    EXPECT_TRUE(UiBench::WaitFor([&read] { return read; }));
+    for (const Qt::Key key : keys) QTest::keyClick(list.view(), key);
+    EXPECT_FALSE(list.view()->isVisible());
+    EXPECT_TRUE(UiBench::WaitFor([&] { return !page.bench.control.Busy(); }));
+  };
+  while_open(2, {Qt::Key_Escape});
+  EXPECT_EQ(list.currentText(), "Romano-CNG");
+  while_open(0, {Qt::Key_Home, Qt::Key_Down, Qt::Key_Return});
+  EXPECT_TRUE(page.WaitInEcu("TW_SENSOR_TYPE", 1)) << "what was chosen";
+  EXPECT_EQ(list.currentText(), "Zelor-T740429");
 }
 
 TEST(ConfigurationPage, ShowsEveryParameterInItsGroupOrWhatTheSearchFinds) {
@@ -176,7 +211,15 @@ TEST(ConfigurationPage, ShowsEveryParameterInItsGroupOrWhatTheSearchFinds) {
   EXPECT_TRUE(page.Field("rpm_cold_eng").isVisible());
   page.Type(page.Field("parameter_search"), "xyzzy", Qt::Key_End);
   EXPECT_EQ(page.bench.Text("parameters_found"),
-            "No parameter has these words in its name or meaning.");
+            "Nothing here has these words in its name or meaning.");
+  for (const auto& [words, field] : {std::pair("engine CODE", "engine_code"),
+                                     {"routing stored", "routing_map"},
+                                     {"on/off switch", "switch_mode"}}) {
+    page.Type(page.Field("parameter_search"), words, Qt::Key_End);
+    EXPECT_TRUE(page.bench.Find<QWidget>(field).isVisible()) << words;
+    EXPECT_TRUE(page.bench.Text("parameters_found").starts_with("Found: ")) << words;
+    EXPECT_FALSE(page.Field("vehicle_make").isVisible());
+  }
   page.Type(page.Field("parameter_search"), "", Qt::Key_Escape);
   EXPECT_TRUE(page.List("lambda_oxygenrange").isVisible()) << "the last group is back";
 }

@@ -124,8 +124,10 @@ TEST_F(FirmwareUpdateWindow, GoesToItsEndConnectsAgainAndLoadsWhatTheEcuHeld) {
     EXPECT_TRUE(bench.Text("boot_remaining").ends_with(" left"));
     gate.Open();
     EXPECT_TRUE(UiBench::WaitFor([&] { return !dialog.isVisible(); }));
-    // The new firmware has settings of its own.
-    bench.simulated.Ecu().SetRegister(kBlockFirstRegister, 12345);
+    // The new firmware has settings of its own, in both routing maps too.
+    for (const std::size_t word : {0U, 540U, 560U}) {
+      bench.simulated.Ecu().SetRegister(RegisterOfWord(word), 12345);
+    }
   });
   bench.Find<QAction>(kStart).trigger();
   EXPECT_TRUE(FlashHoldsTheImage());
@@ -208,8 +210,7 @@ TEST_F(FirmwareUpdateWindow, ErasesNothingWithoutAnImageOrAYes) {
 
 TEST_F(FirmwareUpdateWindow, WhatTheEcuHeldIsOfferedStillWhenTheUpdateWasFinishedInALaterRun) {
   ASSERT_TRUE(bench.Connect());
-  bench.document.SelectRoutingMap(1);
-  bench.store.WriteString(kBackups, kThisEcu, "0|/nowhere/gone.fob");
+  bench.store.WriteString(kBackups, kThisEcu, "/nowhere/gone.fob");
   InDialog(timer, [&](CBootDlg&) {
     bench.Click("boot_erase");
     ASSERT_TRUE(WaitForEnd());
@@ -222,9 +223,7 @@ TEST_F(FirmwareUpdateWindow, WhatTheEcuHeldIsOfferedStillWhenTheUpdateWasFinishe
   bench.Find<QAction>(kStart).trigger();
   EXPECT_EQ(bench.control.CurrentState(), CEcuControl::State::kDisconnected);
   const std::string kept = bench.store.ReadString(kBackups, kThisEcu, "");
-  ASSERT_TRUE(kept.starts_with("1|")) << kept;
-  const std::string file = kept.substr(2);
-  EXPECT_TRUE(std::filesystem::exists(file)) << file;
+  EXPECT_TRUE(std::filesystem::exists(kept)) << kept;
   UiBench closed(clock);
   closed.store.WriteString(kBackups, kThisEcu, kept);
   closed.boxes.while_asking = [&closed] { closed.frame->close(); };
@@ -236,7 +235,32 @@ TEST_F(FirmwareUpdateWindow, WhatTheEcuHeldIsOfferedStillWhenTheUpdateWasFinishe
   ASSERT_TRUE(later.Connect());
   ASSERT_TRUE(
       UiBench::WaitFor([&] { return later.store.ReadString(kBackups, kThisEcu, "").empty(); }));
-  EXPECT_NE(later.boxes.said.back().find(file), std::string::npos) << "declined";
+  EXPECT_NE(later.boxes.said.back().find(kept), std::string::npos) << "declined";
+}
+
+TEST_F(FirmwareUpdateWindow, WhatIsStillInOneEcuIsNotKeptAndTheNextHasItsOwn) {
+  constexpr const char* kNextEcu = "SimulatedECU654321";
+  const auto set_supply = [&](bool missing) {
+    bench.simulated.Ecu().WithBootloader([&](Bootloader& boot) { boot.SetNoSupply(missing); });
+  };
+  ASSERT_TRUE(bench.Connect());
+  InDialog(timer, [&](CBootDlg&) {
+    set_supply(true);
+    Program();
+    ASSERT_TRUE(WaitForEnd());
+    EXPECT_TRUE(Said(kNoSupplyMessage));
+    set_supply(false);
+    bench.simulated.Ecu().LosePower();
+    const auto& erase = bench.Find<QWidget>("boot_erase");
+    ASSERT_TRUE(UiBench::WaitFor([&] { return erase.isEnabled(); })) << "its firmware runs again";
+    EXPECT_EQ(bench.store.ReadString(kBackups, kThisEcu, ""), "");
+    bench.simulated.Ecu().SetSerial(654321);
+    bench.Click("boot_erase");
+    ASSERT_TRUE(WaitForEnd());
+  });
+  bench.Find<QAction>(kStart).trigger();
+  EXPECT_EQ(bench.store.ReadString(kBackups, kThisEcu, ""), "");
+  EXPECT_TRUE(std::filesystem::exists(bench.store.ReadString(kBackups, kNextEcu, "")));
 }
 
 }  // namespace

@@ -109,6 +109,22 @@ TEST(GridPage, ValuesTypedFasterThanTheLineAllArriveAndTheLastOneCounts) {
   EXPECT_EQ(page.InEcu(0, 0), 110);
 }
 
+TEST(GridPage, TheKeysOfUndoQueueBehindAnEditThatIsOnItsWay) {
+  FastClock clock;
+  GridPage page(clock);
+  page.Type("1.2");
+  page.Press(Qt::Key_Return);
+  page.Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_FALSE(page.bench.Find<QWidget>("undo_button").isEnabled());
+  EXPECT_TRUE(page.Settle());
+  EXPECT_EQ(page.InEcu(0, 0), 160);
+  EXPECT_TRUE(page.bench.Find<QWidget>("redo_button").isEnabled());
+  page.Press(Qt::Key_Z, Qt::ControlModifier);
+  page.Press(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_TRUE(page.Settle());
+  EXPECT_EQ(page.InEcu(0, 0), 120);
+}
+
 TEST(GridPage, EscapeAndALostLinkLeaveTheCellAlone) {
   FastClock clock;
   GridPage page(clock);

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QFileDialog>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <numeric>
 
 #include "diag/RecordingFile.h"
+#include "platform/FileSystem.h"
 #include "support/TemporaryFolder.h"
 #include "ui/CTabDiagnostics.h"
 #include "ui/FastClock.h"
@@ -84,29 +87,80 @@ TEST(OscilloscopePage, ARecordingIsSavedLoadedAndNotLostByAccident) {
   CTabDiagnostics& page = OpenScope(bench);
   ASSERT_TRUE(UiBench::WaitFor([&] { return bench.Text("scope_value_rpm") != UiBench::kDashes; }));
 
-  // Samples go on arriving while a question is open.
+  // Samples go on arriving while a question is open; saved is what was seen before.
   const std::filesystem::path file = folder.Path() / "running.osc";
   ASSERT_TRUE(page.Save(file));
   const std::size_t before = LoadRecordingFile(file).traces.Length();
   bench.boxes.answer = true;
   bench.boxes.while_asking = [&] { EXPECT_TRUE(WaitForLiveData(bench, 20)); };
   ASSERT_TRUE(page.Save(file));
-  EXPECT_GT(LoadRecordingFile(file).traces.Length(), before);
+  EXPECT_EQ(LoadRecordingFile(file).traces.Length(), before);
+  bench.boxes.while_asking = {};
+  bench.boxes.answer = false;
+  bench.frame->close();
+  EXPECT_TRUE(bench.frame->isVisible()) << "what came since is unsaved";
+  bench.boxes.answer = true;
 
   bench.Click("scope_run");
   bench.Find<QPlainTextEdit>("scope_notes").setPlainText("cold start");
   const std::string speed = bench.Text("scope_value_rpm");
-  ASSERT_TRUE(page.Save(folder.Path() / "new folder" / "first.osc"));
-  bench.Find<QPlainTextEdit>("scope_notes").setPlainText("");
-  ASSERT_TRUE(page.Load(folder.Path() / "new folder" / "first.osc"));
-  EXPECT_EQ(bench.Find<QPlainTextEdit>("scope_notes").toPlainText(), "cold start");
+  const std::filesystem::path first = folder.Path() / "new folder" / "first.osc";
+  ASSERT_TRUE(page.Save(first));
+  EXPECT_EQ(bench.recent_files.Files().front(), PathText(first));
+  auto& notes = bench.Find<QPlainTextEdit>("scope_notes");
+  notes.setPlainText("");
+  ASSERT_EQ(page.Load(first), RecordingLoad::kLoaded);
+  EXPECT_EQ(notes.toPlainText(), "cold start");
   EXPECT_EQ(bench.Text("scope_value_rpm"), speed);
+
+  emit bench.Find<CPlot>("scope_plot").PointedAt(0.21);
+  QTest::keyClicks(&notes, "A ");
+  bench.boxes.answer = false;
+  EXPECT_TRUE(bench.frame->OpenDocument(PathText(first))) << "declined is not failed";
+  EXPECT_EQ(bench.recent_files.Files().front(), PathText(first));
+  EXPECT_EQ(bench.Text("scope_place"), "0.2 s before the newest");
+  EXPECT_TRUE(notes.document()->isUndoAvailable());
+  bench.boxes.answer = true;
 
   for (const char* const name : {"graph.png", "graph.pdf", "values.csv"}) {
     EXPECT_TRUE(page.Export(QString::fromStdString((folder.Path() / name).string()))) << name;
     EXPECT_GT(std::filesystem::file_size(folder.Path() / name), 100U) << name;
   }
   EXPECT_FALSE(page.Export("/no such folder/graph.png"));
+  EXPECT_EQ(bench.boxes.informed.back(),
+            "/no such folder/graph.png could not be written.\nNo such file or directory");
+  QTimer::singleShot(0, [&] {
+    auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    dialog->selectFile(QString::fromStdString((folder.Path() / "run 1.5").string()));
+    QMetaObject::invokeMethod(dialog, "accept");
+  });
+  bench.Click("scope_export");
+  EXPECT_TRUE(std::filesystem::exists(folder.Path() / "run 1.5.png"));
+}
+
+TEST(OscilloscopePage, AHostileFileNeitherSlowsNorWidensThePage) {
+  const TemporaryFolder folder;
+  FastClock clock;
+  UiBench bench(clock);
+  CTabDiagnostics& page = OpenScope(bench);
+  bench.Click("scope_run");
+  const int width = page.minimumSizeHint().width();
+  ScopeTraces traces;
+  for (auto& samples : traces.channels) samples = {-1e300, 1e300, -9999999, 3};
+  traces.notes.assign(3'000'000, 'x');
+  Message reason;
+  const std::filesystem::path file = folder.Path() / "hostile.osc";
+  ASSERT_TRUE(WriteRecording(traces, file, reason));
+  ASSERT_EQ(page.Load(file), RecordingLoad::kLoaded);
+  auto& notes = bench.Find<QPlainTextEdit>("scope_notes");
+  EXPECT_TRUE(notes.isReadOnly());
+  EXPECT_LT(notes.toPlainText().size(), 30'000);
+  EXPECT_EQ(bench.Text("scope_value_rpm"), "-1e+300");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(page.minimumSizeHint().width(), width);
+  bench.boxes.answer = true;
+  ASSERT_TRUE(page.Save(file));
+  EXPECT_EQ(LoadRecordingFile(file).traces.notes, traces.notes);
 }
 
 }  // namespace
