@@ -48,13 +48,19 @@ function(zelorgas_program program)
 endfunction()
 
 # add_zelorgas_test(link_frames SOURCES a_test.cpp LIBS zelorgas_link): one GoogleTest program, one
-# line in ctest's summary.
+# line in ctest's summary. THREADS: it starts some; ThreadSanitizer is for those (label and target
+# "threads").
+add_custom_target(threads)
 function(add_zelorgas_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  cmake_parse_arguments(ARG "THREADS" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name}_test ${ARG_SOURCES})
   zelorgas_own_target(${name}_test)
   target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name}_test PRIVATE ${ARG_LIBS} GTest::gtest_main GTest::gmock)
   add_test(NAME ${name} COMMAND ${name}_test)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  if(ARG_THREADS)
+    set_tests_properties(${name} PROPERTIES LABELS threads)
+    add_dependencies(threads ${name}_test)
+  endif()
 endfunction()

@@ -12,6 +12,7 @@
 #include "firmware/LinkPreparation.h"
 #include "platform/FileSystem.h"
 #include "ui/CCaption.h"
+#include "ui/Fonts.h"
 #include "ui/IdentityText.h"
 #include "ui/Text.h"
 
@@ -71,8 +72,9 @@ CBootDlg::CBootDlg(ClpgecuDoc& document, MessageBoxes& boxes, Images images, Bac
   hint_->setMinimumHeight(fontMetrics().lineSpacing() * 3);
   hint_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(space, space, space, space);
-  layout->setSpacing(space * 3 / 4);
+  // So tight that the window fits a screen at 200 %.
+  layout->setContentsMargins(space * 2 / 3, space / 2, space * 2 / 3, space / 2);
+  layout->setSpacing(space / 3);
   layout->addWidget(MakeEcuCard());
   layout->addWidget(MakeImageCard());
   layout->addWidget(MakeProgressCard());
@@ -144,9 +146,7 @@ CCard* CBootDlg::MakeProgressCard() {
   status_ = new QLabel(tr("Idle"), card);
   status_->setObjectName("boot_status");
   status_->setTextFormat(Qt::PlainText);
-  QFont font = status_->font();
-  font.setPointSizeF(font.pointSizeF() * kStatusSize);
-  status_->setFont(font);
+  status_->setFont(Scaled(status_->font(), kStatusSize));
   bar_ = new QProgressBar(card);
   bar_->setObjectName("boot_progress");
   bar_->setAccessibleName(tr("Progress of the update"));

@@ -4,11 +4,11 @@
 #include <QPainter>
 
 #include "ui/Colours.h"
+#include "ui/Fonts.h"
 
 namespace zelorgas {
 namespace {
 
-constexpr double kTitleSize = 1.2;
 constexpr double kCornerRadius = 6;
 
 }  // namespace
@@ -21,10 +21,7 @@ CCard::CCard(const QString& object_name, const QString& title, QWidget* parent) 
   body_->setContentsMargins(space, space * 3 / 4, space, space);
   body_->setSpacing(space / 2);
   auto* const heading = new QLabel(title, this);
-  QFont font = heading->font();
-  font.setPointSizeF(font.pointSizeF() * kTitleSize);
-  font.setBold(true);
-  heading->setFont(font);
+  heading->setFont(Emphasized(heading->font()));
   title_ = new QHBoxLayout;
   title_->addWidget(heading, 1);
   body_->addLayout(title_);

@@ -1,13 +1,13 @@
 #include "ui/CEcuCard.h"
 
 #include "ui/CCaption.h"
+#include "ui/Fonts.h"
 #include "ui/IdentityText.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
 namespace {
 
-constexpr double kLarge = 1.5;
 constexpr const char* kCaptionProperty = "caption";
 
 }  // namespace
@@ -19,18 +19,22 @@ CEcuCard::CEcuCard(QWidget* parent) : CCard("ecu_card", tr("ECU"), parent) {
   rows_->setColumnStretch(1, 1);
   Body().addLayout(rows_);
   Body().addStretch(1);
-  serial_ = AddRow("ecu_serial", tr("Serial number"), tr("Input registers 35 and 36"), kLarge);
-  software_ = AddRow("ecu_software", tr("Firmware version"), tr("Input register 33"), kLarge);
-  hardware_ = AddRow("ecu_hardware", tr("Hardware version"), tr("Input register 32"), kLarge);
+  serial_ = AddRow("ecu_serial", tr("Serial number"), tr("Input registers 35 and 36"));
+  software_ = AddRow("ecu_software", tr("Firmware version"), tr("Input register 33"));
+  hardware_ = AddRow("ecu_hardware", tr("Hardware version"), tr("Input register 32"));
   vendor_ = AddRow("ecu_vendor", tr("Vendor"), tr("Device identification, object 0"));
   product_ = AddRow("ecu_product", tr("Product"), tr("Device identification, object 1"));
   revision_ = AddRow("ecu_revision", tr("Revision"), tr("Device identification, object 2"));
   board_ = AddRow("ecu_board", tr("Board information"), tr("Holding registers 16384 to 16386"));
+  for (QLabel* const number : {serial_, software_, hardware_}) {
+    number->setFont(Emphasized(number->font()));
+  }
+  for (QLabel* const words : {vendor_, product_, revision_, board_}) words->setWordWrap(true);
   Clear();
 }
 
-QLabel* CEcuCard::AddRow(const QString& object_name, const QString& caption, const QString& tooltip,
-                         double size) {
+QLabel* CEcuCard::AddRow(const QString& object_name, const QString& caption,
+                         const QString& tooltip) {
   const int row = rows_->rowCount();
   auto* const label = new CCaption(caption, this);
   auto* const value = new QLabel(this);
@@ -38,12 +42,6 @@ QLabel* CEcuCard::AddRow(const QString& object_name, const QString& caption, con
   value->setProperty(kCaptionProperty, caption);
   value->setTextFormat(Qt::PlainText);
   value->setToolTip(tooltip);
-  value->setWordWrap(true);
-  value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  QFont font = value->font();
-  font.setPointSizeF(font.pointSizeF() * size);
-  font.setBold(size > 1);
-  value->setFont(font);
   rows_->addWidget(label, row, 0, Qt::AlignLeft | Qt::AlignBaseline);
   rows_->addWidget(value, row, 1, Qt::AlignBaseline);
   return value;
@@ -51,6 +49,9 @@ QLabel* CEcuCard::AddRow(const QString& object_name, const QString& caption, con
 
 void CEcuCard::SetValue(QLabel* field, const QString& text) {
   field->setText(text);
+  field->setTextInteractionFlags(text == kNoValue
+                                     ? Qt::NoTextInteraction
+                                     : Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   field->setAccessibleName(field->property(kCaptionProperty).toString() + ": " + text);
 }
 

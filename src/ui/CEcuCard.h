@@ -20,8 +20,7 @@ class CEcuCard final : public CCard {
 
  private:
   // A row of the card: caption and value.
-  QLabel* AddRow(const QString& object_name, const QString& caption, const QString& tooltip,
-                 double size = 1.0);
+  QLabel* AddRow(const QString& object_name, const QString& caption, const QString& tooltip);
   static void SetValue(QLabel* field, const QString& text);
 
   QGridLayout* rows_;

@@ -1,5 +1,6 @@
 #include "ui/CLiveStrip.h"
 
+#include <QEvent>
 #include <utility>
 
 #include "ui/Text.h"
@@ -24,7 +25,7 @@ CLiveStrip::CLiveStrip(const QString& object_name, const QString& title, Clpgecu
     tile->setToolTip(field.tooltip);
     tiles_.push_back(tile);
   }
-  setMinimumWidth(columns_.back() * (TileSize().width() + kGap) - kGap);
+  MeasureTiles();
   timer_.setSingleShot(true);
   timer_.setInterval(kRefreshMs);
   connect(&timer_, &QTimer::timeout, this, &CLiveStrip::Refresh);
@@ -69,14 +70,21 @@ void CLiveStrip::resizeEvent(QResizeEvent* event) {
   Arrange();
 }
 
-QSize CLiveStrip::TileSize() const {
-  QSize size;
-  for (const CValueTile* const tile : tiles_) size = size.expandedTo(tile->sizeHint());
-  return size;
+void CLiveStrip::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::FontChange) return;
+  MeasureTiles();
+  Arrange();
+}
+
+void CLiveStrip::MeasureTiles() {
+  tile_size_ = {};
+  for (const CValueTile* const tile : tiles_) tile_size_ = tile_size_.expandedTo(tile->sizeHint());
+  setMinimumWidth(columns_.back() * (tile_size_.width() + kGap) - kGap);
 }
 
 void CLiveStrip::Arrange() {
-  const QSize least = TileSize();
+  const QSize least = tile_size_;
   int columns = columns_.back();
   for (const int wanted : columns_) {
     if (wanted * (least.width() + kGap) - kGap > width()) continue;

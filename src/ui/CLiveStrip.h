@@ -33,16 +33,18 @@ class CLiveStrip final : public QWidget {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void Refresh();
   void Arrange();
-  [[nodiscard]] QSize TileSize() const;
+  void MeasureTiles();
 
   ClpgecuDoc& document_;
   const std::vector<LiveField> fields_;
   const std::vector<int> columns_;
   std::vector<CValueTile*> tiles_;
+  QSize tile_size_;  // what the tile with the most to say needs
   QTimer timer_;
   bool dirty_ = false;
 };

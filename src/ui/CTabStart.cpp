@@ -5,12 +5,11 @@
 #include <optional>
 
 #include "ui/CCaption.h"
+#include "ui/Fonts.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
 namespace {
-
-constexpr double kButtonSize = 1.3;
 
 QLabel* MakeHint(QWidget* parent) {
   auto* const hint = new CCaption({}, parent);
@@ -59,11 +58,8 @@ QWidget* CTabStart::MakeConnectionCard() {
   label->setBuddy(port_list_);
   connect_button_ = new QPushButton(card);
   connect_button_->setObjectName("connect_button");
-  QFont font = connect_button_->font();
-  font.setPointSizeF(font.pointSizeF() * kButtonSize);
-  font.setBold(true);
-  connect_button_->setFont(font);
-  connect_button_->setMinimumHeight(QFontMetrics(font).height() * 2);
+  connect_button_->setFont(Emphasized(connect_button_->font()));
+  connect_button_->setMinimumHeight(connect_button_->fontMetrics().height() * 2);
   connect_button_->setAutoDefault(true);
   connection_hint_ = MakeHint(card);
   connection_hint_->setObjectName("connection_hint");

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "ui/Colours.h"
+#include "ui/Fonts.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
@@ -15,17 +16,13 @@ constexpr double kUnitSize = 1.0;
 constexpr double kHinting = 0.96;  // letters do not shrink quite in proportion
 constexpr double kCornerRadius = 5;
 
-QFont Scaled(QFont font, double factor) {
-  font.setPointSizeF(font.pointSizeF() * factor);
-  return font;
-}
-
 }  // namespace
 
 CValueTile::CValueTile(const QString& object_name, const QString& caption, const QString& unit,
                        QWidget* parent)
     : QWidget(parent), caption_(caption), unit_(unit), value_(kNoValue) {
   setObjectName(object_name);
+  setAttribute(Qt::WA_OpaquePaintEvent);
   setAccessibleName(caption);
   setAccessibleDescription(value_);
 }
@@ -57,20 +54,44 @@ QSize CValueTile::sizeHint() const {
   return {width + 2 * Margin(), caption.height() + value.height() + Margin()};
 }
 
-void CValueTile::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
+void CValueTile::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  surrounding_ = {};
+}
+
+void CValueTile::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  surrounding_ = {};
+}
+
+QRect CValueTile::Inside() const {
+  return rect().adjusted(Margin(), Margin() / 2, -Margin(), -Margin() / 2);
+}
+
+void CValueTile::DrawSurrounding() {
+  surrounding_ = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
+  surrounding_.setDevicePixelRatio(devicePixelRatioF());
+  surrounding_.fill(palette().color(QPalette::Window));
+  QPainter painter(&surrounding_);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(BorderColour(palette()));
   painter.setBrush(CardColour(palette()));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius,
                           kCornerRadius);
-
-  const QRect inside = rect().adjusted(Margin(), Margin() / 2, -Margin(), -Margin() / 2);
-  const QColor quiet = CaptionColour(palette());
-  painter.setPen(quiet);
+  painter.setPen(CaptionColour(palette()));
   painter.setFont(CaptionFont());
-  painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, caption_);
+  painter.drawText(Inside(), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, caption_);
+}
 
+void CValueTile::paintEvent(QPaintEvent*) {
+  if (surrounding_.isNull() || surrounding_.devicePixelRatio() != devicePixelRatioF()) {
+    DrawSurrounding();
+  }
+  QPainter painter(this);
+  painter.drawPixmap(0, 0, surrounding_);
+
+  const QRect inside = Inside();
+  const QColor quiet = CaptionColour(palette());
   const QFont unit_font = Scaled(font(), kUnitSize);
   const QString unit = with_unit_ ? ' ' + unit_ : QString();
   const int room = inside.width() - QFontMetrics(unit_font).horizontalAdvance(unit);

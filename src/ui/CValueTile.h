@@ -1,6 +1,7 @@
 // One live value: a small caption, and below it the value in large figures with its unit.
 #pragma once
 
+#include <QPixmap>
 #include <QWidget>
 #include <cstdint>
 
@@ -26,15 +27,20 @@ class CValueTile final : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void DrawSurrounding();
   [[nodiscard]] QFont CaptionFont() const;
   [[nodiscard]] QFont ValueFont() const;
   [[nodiscard]] int Margin() const;
+  [[nodiscard]] QRect Inside() const;
 
   const QString caption_;
   const QString unit_;
   QString value_;
+  QPixmap surrounding_;  // what stays while values come: frame and caption
   bool with_unit_ = false;
   Freshness freshness_ = Freshness::kStale;
 };
