@@ -7,7 +7,9 @@
 // ThreadSanitizer cannot see the locks of the toolkit's own libraries, which are not instrumented.
 extern "C" const char* __tsan_default_suppressions();
 extern "C" const char* __tsan_default_suppressions() {
-  return "called_from_lib:libQt6Core.so.6\ncalled_from_lib:libQt6Gui.so.6\n";
+  return "called_from_lib:libQt6Core.so.6\n"
+         "called_from_lib:libQt6Gui.so.6\n"
+         "called_from_lib:libglib-2.0.so.0\n";
 }
 
 namespace {
