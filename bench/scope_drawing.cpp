@@ -9,7 +9,7 @@
 #include <cmath>
 #include <memory>
 
-#include "CpuTime.h"
+#include "CpuShare.h"
 #include "Table.h"
 #include "ui/CTabDiagnostics.h"
 #include "ui/UiBench.h"
@@ -21,7 +21,7 @@ using namespace zelorgas;
 constexpr double kCpuGoalPercent = 5;
 constexpr double kBytesGoal = 12;  // a sample; the number itself has 8
 constexpr int kSamplePeriodMs = 100;
-constexpr int kMeasuredMs = 8000;
+constexpr std::chrono::milliseconds kMeasured{8000};
 constexpr QSize kWindow{1400, 800};
 
 // Every channel moves, each in its own way, as an engine's signals do.
@@ -62,13 +62,8 @@ bool MeasureDrawing(UiBench& bench, double time_scale) {
     scope.Add();
     page.ShowLive();
   });
-  const auto now = [] { return std::chrono::steady_clock::now(); };
-  const auto start = now();
-  const double before = CpuMs();
   timer.start(kSamplePeriodMs);
-  QTest::qWait(kMeasuredMs);
-  const double wall = std::chrono::duration<double, std::milli>(now() - start).count();
-  const double percent = 100 * (CpuMs() - before) / wall;
+  const double percent = MeasureCpuShare(kMeasured).percent;
   return PrintRow("oscilloscope, 12 x " + std::to_string(scope.Model().Capacity()) + " samples",
                   Quantity(percent, "% of a core", 2), "10 samples a second", percent,
                   kCpuGoalPercent);

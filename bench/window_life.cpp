@@ -11,7 +11,7 @@
 #include <cstdlib>
 #include <functional>
 
-#include "CpuTime.h"
+#include "CpuShare.h"
 #include "Table.h"
 #include "ui/CGridTable.h"
 #include "ui/UiBench.h"
@@ -25,6 +25,7 @@ constexpr double kCpuGoalPercent = 2;
 constexpr double kGridGoalPercent = 5;
 constexpr double kUpdatesASecond = 10;
 constexpr int kBeatMs = 5;
+constexpr std::chrono::seconds kMeasured{8};
 
 class HeartBeat {
  public:
@@ -74,25 +75,22 @@ struct Load {
   double updates_per_second;  // of the live values
 };
 
-Load Measure(const UiBench& bench, const Clock& clock) {
+Load Measure(const UiBench& bench) {
   int updates = 0;
   const auto counting =
       QObject::connect(&bench.frame->View(), &ClpgecuView::LiveDataCame, [&updates] { ++updates; });
-  const double before = CpuMs();
-  const Clock::TimePoint start = clock.Now();
-  QTest::qWait(8000);
-  const double wall = std::chrono::duration<double, std::milli>(clock.Now() - start).count();
+  const CpuShare share = MeasureCpuShare(kMeasured);
   QObject::disconnect(counting);
-  return {100 * (CpuMs() - before) / wall, updates * 1e3 / wall};
+  return {share.percent, updates / share.seconds};
 }
 
-bool MeasureLoads(const UiBench& bench, const Clock& clock) {
-  const Load idle = Measure(bench, clock);
+bool MeasureLoads(const UiBench& bench) {
+  const Load idle = Measure(bench);
   const bool quiet = PrintRow("connected and idle", Quantity(idle.percent, "% of a core", 2),
                               "simulated ECU included", idle.percent, kCpuGoalPercent);
   bench.OpenTab("Correction grid");
   QTest::qWait(500);
-  const Load grid = Measure(bench, clock);
+  const Load grid = Measure(bench);
   const double added = (grid.percent - idle.percent) * kUpdatesASecond / grid.updates_per_second;
   const bool light =
       PrintRow("correction grid, added at 10 updates a second", Quantity(added, "% of a core", 2),
@@ -129,7 +127,7 @@ int Run() {
     });
     bench.OpenTab("Start");
   }
-  reached &= MeasureLoads(bench, *clock);
+  reached &= MeasureLoads(bench);
   return reached ? 0 : 1;
 }
 
