@@ -14,8 +14,10 @@ TEST_PACKAGES=("${BUILD_PACKAGES[@]}" libgtest-dev libgmock-dev
   pkg-config libmodbus-dev python3)
 WINDOWS_PACKAGES=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix googletest qt6-base-dev
   qt6-base-dev-tools qt6-l10n-tools libqcustomplot-dev dpkg-dev nsis)
-WINDOW_TEST_PACKAGES=(wine wine64 xvfb xdotool imagemagick)
+WINDOW_TEST_PACKAGES=(wine wine64 xvfb xdotool imagemagick fonts-dejavu-core)
 ICON_PACKAGES=(librsvg2-bin icoutils)
+DEB_PACKAGES=("${BUILD_PACKAGES[@]}" dpkg-dev file)
+DEB_TEST_PACKAGES=(binutils desktop-file-utils shared-mime-info)
 
 CURRENT_STEP=start
 CLEANUPS=()

@@ -60,6 +60,8 @@ CZelorGasApp::CZelorGasApp(int& argc, char** argv)
     : qt_(WithStyle(argc), argv), arguments_(QCoreApplication::arguments().mid(1)) {
   QCoreApplication::setApplicationName(ToQString(TemplateString(DocumentString::kWindowTitle)));
   QApplication::setWindowIcon(ProgramIcon());
+  // By this name a desktop finds the menu's entry of a window.
+  QGuiApplication::setDesktopFileName("zelorgas");
   EnlargeFont();
 }
 
