@@ -255,8 +255,8 @@ int Run(std::uint64_t transactions, std::uint64_t seed) {
   const Holdings last = Holdings::Now();
   std::printf("handles %td, then %td; memory %.0f pages, then %.0f\n", warm.handles, last.handles,
               warm.pages, last.pages);
-  const bool steady = last.handles == warm.handles &&
-                      (!kMemoryIsOurs || last.pages <= kMemoryGoal * warm.pages);
+  const bool steady =
+      last.handles == warm.handles && (!kMemoryIsOurs || last.pages <= kMemoryGoal * warm.pages);
   return soak.Report(transactions) && steady ? 0 : 1;
 }
 
