@@ -9,6 +9,8 @@
 namespace zelorgas {
 namespace {
 
+constexpr int kAsciiDataBits = 7;
+
 class SimulatedDevice final : public PolledSerialDevice {
  public:
   SimulatedDevice(SimulatedLine& line, Clock& clock, std::shared_ptr<std::atomic<bool>> in_use)
@@ -19,6 +21,8 @@ class SimulatedDevice final : public PolledSerialDevice {
 
   bool Configure(const LineSettings& settings) override {
     SetEventCharacter(settings.event_character);
+    burst_ = settings.data_bits == kAsciiDataBits ? Clock::Duration(kWaitSlice)
+                                                  : Clock::Duration(SimulatedLine::kBurst);
     return line_.Plugged();
   }
 
@@ -47,8 +51,7 @@ class SimulatedDevice final : public PolledSerialDevice {
   Arrival Receive(std::vector<std::uint8_t>& received, Clock::TimePoint deadline) override {
     if (!line_.Plugged()) return Arrival::kGone;
     if (line_.Collect(received) > 0) return Arrival::kBytes;
-    const Clock::TimePoint arrival =
-        line_.LastArrivalWithin(SimulatedLine::kBurst).value_or(deadline);
+    const Clock::TimePoint arrival = line_.LastArrivalWithin(burst_).value_or(deadline);
     DeviceClock().SleepUntil(std::min(arrival, deadline));
     if (!line_.Plugged()) return Arrival::kGone;
     return line_.Collect(received) > 0 ? Arrival::kBytes : Arrival::kNothing;
@@ -57,6 +60,8 @@ class SimulatedDevice final : public PolledSerialDevice {
  private:
   SimulatedLine& line_;
   std::shared_ptr<std::atomic<bool>> in_use_;
+  // An ASCII frame ends with a character, so no silence in it must be kept.
+  Clock::Duration burst_ = SimulatedLine::kBurst;
 };
 
 }  // namespace
