@@ -13,6 +13,11 @@
 
 namespace zelorgas {
 
+// Above the enumerations: behind one with a base lupdate 6.8 takes a wrong class for these.
+inline constexpr FixedText kTpsPageTitle = FixedText::Of("TPS corrections");
+inline constexpr FixedText kTpsIdleTitle = FixedText::Of("Return to IDLE");
+inline constexpr FixedText kTpsBandHeading = FixedText::Of("RPM, 1/min");
+
 enum class TpsTable : std::uint8_t { kAcceleration, kDeceleration };
 inline constexpr std::array kTpsTables{TpsTable::kAcceleration, TpsTable::kDeceleration};
 
@@ -23,9 +28,6 @@ inline constexpr std::array kTpsQuantities{TpsQuantity::kThreshold, TpsQuantity:
 
 inline constexpr std::size_t kTpsBands = 16;  // the columns, speed bands
 
-inline constexpr FixedText kTpsPageTitle = FixedText::Of("TPS corrections");
-inline constexpr FixedText kTpsIdleTitle = FixedText::Of("Return to IDLE");
-inline constexpr FixedText kTpsBandHeading = FixedText::Of("RPM, 1/min");
 [[nodiscard]] FixedText TitleOf(TpsTable table);
 [[nodiscard]] FixedText RowLabel(TpsQuantity quantity);
 

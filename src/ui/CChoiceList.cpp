@@ -19,11 +19,14 @@ void CChoiceList::ShowEntry(int index, const QString& without) {
 }
 
 bool CChoiceList::eventFilter(QObject* watched, QEvent* event) {
-  // A choice made in the list comes behind this and takes its place.
+  // A choice made in the list comes behind this and takes its place; it is what the list then
+  // marks.
   if (watched == view() && event->type() == QEvent::Hide && when_closed_) {
     const Entry entry = *std::exchange(when_closed_, std::nullopt);
+    const QModelIndex marked = view()->currentIndex();
     setPlaceholderText(entry.without);
     setCurrentIndex(entry.index);
+    view()->setCurrentIndex(marked);
   }
   return QComboBox::eventFilter(watched, event);
 }

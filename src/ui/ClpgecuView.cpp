@@ -4,7 +4,9 @@
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 #include "ui/CTabStart.h"
 
@@ -89,7 +91,18 @@ void ClpgecuView::ShowCylinders(bool show) {
 }
 
 void ClpgecuView::customEvent(QEvent*) {
-  for (const CommStatus status : context_.status.Box().TakeAll()) OnCommStatus(status);
+  const std::vector<CommStatus> came = context_.status.Box().TakeAll();
+  for (auto status = came.begin(); status != came.end(); ++status) {
+    OnCommStatus(*status);
+    const auto next = std::next(status);
+    const bool overtaken = next != came.end() && *next == CommStatus::kLiveData;
+    // Drawing each would let a slow machine fall behind for good.
+    if (*status == CommStatus::kLiveData && !overtaken) ShowLive();
+  }
+}
+
+void ClpgecuView::ShowLive() {
+  for (CPageFrame* const page : pages_) page->ShowLive();
 }
 
 void ClpgecuView::OnCommStatus(CommStatus status) {
@@ -99,7 +112,6 @@ void ClpgecuView::OnCommStatus(CommStatus status) {
       live_strip_->MarkDirty();
       cylinder_strip_->MarkDirty();
       emit LiveDataCame();
-      for (CPageFrame* const page : pages_) page->ShowLive();
       return;
     case CommStatus::kFullRead:
       live_strip_->MarkDirty();

@@ -60,6 +60,7 @@ class ClpgecuView final : public QWidget {
  private:
   void OnCommStatus(CommStatus status);
   void ShowImage();
+  void ShowLive();
   CEcuPage& TurnTo(const QString& title);
   void ShowLinkState(CommStatus status);
   void FollowControl();

@@ -18,6 +18,8 @@ class OffscreenApplication final : public testing::Environment {
  public:
   void SetUp() override {
     qputenv("QT_QPA_PLATFORM", ZELORGAS_TEST_PLATFORM);
+    // A test fills the file dialog; the system's own would wait for a person.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     application_ = std::make_unique<QApplication>(argc_, argv_);
     // A window that one test closes does not end the others' event loops.
     QApplication::setQuitOnLastWindowClosed(false);
