@@ -105,21 +105,21 @@ bool MeasurePages(Clock& clock) {
   SimulatedEcu ecu(clock, {.in_bootloader = true});
   SimulatedLine simulated(ecu, clock);
   Line inside(SimulatedPort(simulated, clock), "sim", clock);
-  const bool page = MeasurePage("page, in process", inside);
+  const bool page = MeasurePage("firmware page, in process", inside);
   const EcuSimProcess process({"--bootloader"});
   Line outside(SystemSerialPorts(clock), process.Port(), clock);
-  return MeasurePage("page, over a pty", outside) && page;
+  return MeasurePage("firmware page, over a pty", outside) && page;
 }
 
 bool MeasureImages(Clock& clock) {
   const EcuSimProcess process({});
   Line outside(SystemSerialPorts(clock), process.Port(), clock);
-  const bool part = MeasureImage("16 KiB, over a pty", outside, 64);
+  const bool part = MeasureImage("firmware of 16 KiB, over a pty", outside, 64);
   VirtualClock fast;
   SimulatedEcu ecu(fast);
   SimulatedLine simulated(ecu, fast);
   Line inside(SimulatedPort(simulated, fast), "sim", fast);
-  return MeasureImage("64 KiB, in virtual time", inside, 256) && part;
+  return MeasureImage("firmware of 64 KiB, in virtual time", inside, 256) && part;
 }
 
 }  // namespace
