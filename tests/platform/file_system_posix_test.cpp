@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <chrono>
 
@@ -42,21 +41,6 @@ TEST(FileSystemPosix, AKilledProcessLeavesTheOldOrTheNewFile) {
       }
     }
   }
-}
-
-// Not every file that cannot be opened is forbidden.
-TEST(FileSystemPosix, SaysWhyAFileCannotBeOpened) {
-  const TemporaryFolder folder;
-  std::string contents;
-  Message reason;
-  ASSERT_TRUE(WriteWholeFile(folder.Path() / "file", "x", reason));
-  rlimit limit{};
-  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
-  const rlimit none{0, limit.rlim_max};
-  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
-  EXPECT_FALSE(ReadWholeFile(folder.Path() / "file", contents, reason));
-  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
-  EXPECT_EQ(reason, "Too many open files");
 }
 
 }  // namespace
