@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -23,6 +24,7 @@
 #include "ui/CStoreDlg.h"
 #include "ui/CValueTile.h"
 #include "ui/CZelorGasApp.h"
+#include "ui/WindowUser.h"
 
 namespace zelorgas {
 namespace {
@@ -50,7 +52,7 @@ class Agreeing {
   QTimer timer_;
 };
 
-class WindowSession : public testing::Test {
+class WindowSession : public testing::Test, protected WindowUser {
  protected:
   void SetUp() override {
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
@@ -60,37 +62,19 @@ class WindowSession : public testing::Test {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(frame_));
   }
 
-  template <typename T>
-  [[nodiscard]] T& Find(const char* name) const {
-    T* const found = frame_->findChild<T*>(name);
-    if (found == nullptr) qFatal("there is no %s", name);
-    return *found;
-  }
-  static bool WaitFor(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition, 60000);
-  }
-  void Click(const char* button) const {
-    ASSERT_TRUE(WaitFor([&] { return Find<QWidget>(button).isEnabled(); })) << button;
-    QTest::mouseClick(&Find<QWidget>(button), Qt::LeftButton);
-  }
-  void OpenTab(const QString& title) const {
-    auto& tabs = Find<QTabWidget>("tabs");
-    for (int tab = 0; tab < tabs.count(); ++tab) {
-      if (tabs.tabText(tab) == title) tabs.setCurrentIndex(tab);
-    }
-    QCoreApplication::processEvents();
-  }
-  [[nodiscard]] bool WaitForState(const QString& text) const {
-    return WaitFor([&] { return Find<QLabel>("communication_state").text() == text; });
-  }
   [[nodiscard]] bool WaitUntilIdle() const {
     return WaitFor([&] { return Find<QPushButton>("connect_button").isEnabled(); });
+  }
+  void ClickWhenPossible(const char* button) const {
+    ASSERT_TRUE(WaitFor([&] { return Find<QWidget>(button).isEnabled(); })) << button;
+    Click(button);
   }
   // Fills the dialog that comes up next, and presses Store.
   void StoreNextAs(const QString& brand, const QString& name, const QString& notes) const {
     QTimer::singleShot(0, frame_, [=, this] {
       auto* const dialog = frame_->findChild<CStoreDlg*>();
       ASSERT_NE(dialog, nullptr);
+      dialog->findChild<QCheckBox*>("store_to_file")->setChecked(true);
       dialog->findChild<QComboBox*>("store_brand")->setEditText(brand);
       dialog->findChild<QLineEdit*>("store_name")->setText(name);
       dialog->findChild<QPlainTextEdit*>("store_notes")->setPlainText(notes);
@@ -98,18 +82,21 @@ class WindowSession : public testing::Test {
     });
   }
 
-  CMainFrame* frame_ = nullptr;
   Agreeing agreeing_;
+
+ private:
+  [[nodiscard]] QWidget& Window() const final { return *frame_; }
+
+  CMainFrame* frame_ = nullptr;
 };
 
 TEST_F(WindowSession, FromConnectingToDisconnecting) {
   EXPECT_EQ(QGuiApplication::platformName(), "windows");
-  EXPECT_FALSE(frame_->windowIcon().isNull());
+  EXPECT_FALSE(QApplication::windowIcon().isNull());
   ASSERT_EQ(Find<QComboBox>("port_list").currentText().left(4), "COM7");
-  Click("connect_button");
-  ASSERT_TRUE(WaitForState("Communication : Connection OK!"))
-      << testing::PrintToString(agreeing_.said);
-  EXPECT_EQ(Find<QLabel>("ecu_serial").text(), "ECU123456");
+  ClickWhenPossible("connect_button");
+  ASSERT_TRUE(WaitForState(kConnected)) << testing::PrintToString(agreeing_.said);
+  EXPECT_EQ(Text("ecu_serial"), "ECU123456");
   auto& speed = Find<CValueTile>("live_engine_speed");
   const QString before = speed.Value();
   EXPECT_TRUE(WaitFor([&] { return speed.Value() != before; })) << "live values move";
@@ -127,9 +114,10 @@ TEST_F(WindowSession, FromConnectingToDisconnecting) {
 
   OpenTab("Files");
   StoreNextAs("OPEL", "session", "празен ход");
-  Click("files_store");
+  ClickWhenPossible("files_store");
   const std::filesystem::path file = StorageFolder(WorkingFolder(), 0, "OPEL") / "session.fob";
-  EXPECT_TRUE(WaitFor([&] { return std::filesystem::exists(file); }));
+  EXPECT_TRUE(WaitFor([&] { return std::filesystem::exists(file); }))
+      << testing::PrintToString(agreeing_.said);
   ASSERT_TRUE(WaitUntilIdle());
 
   OpenTab("Errors");
@@ -137,12 +125,12 @@ TEST_F(WindowSession, FromConnectingToDisconnecting) {
   EXPECT_EQ(errors.count(), 2);
   EXPECT_THAT(errors.item(0)->text().toStdString(), HasSubstr("Coolant Temperature too low"));
   errors.setCurrentRow(0);
-  Click("delete_error_button");
+  ClickWhenPossible("delete_error_button");
   EXPECT_TRUE(WaitFor([&] { return errors.count() == 1; }));
   ASSERT_TRUE(WaitUntilIdle());
 
   Find<QAction>("disconnect_action").trigger();
-  EXPECT_TRUE(WaitForState("Communication : Not connected!"));
+  EXPECT_TRUE(WaitForState(kNotConnected));
 }
 
 }  // namespace

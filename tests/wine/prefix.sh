@@ -4,8 +4,9 @@
 
 export WINEPREFIX=$ROOT/build/wine
 export WINEDEBUG=-all
-# No offers to install .NET or a browser engine; no window anywhere.
-export WINEDLLOVERRIDES='mscoree,mshtml='
+# No offers to install .NET or a browser engine, nothing in the menus of the host's desktop; no window
+# anywhere.
+export WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe='
 export DISPLAY=
 
 # Seconds that one program may take under Wine, its start included.
@@ -36,6 +37,13 @@ keep_out_of_home() {
   done
 }
 
+# The dialogs' font, which Wine itself has not everywhere; with one that is not there, fields stay
+# empty.
+choose_font() {
+  in_wine reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes' \
+    /v 'MS Shell Dlg' /d 'DejaVu Sans' /f >>"$WINEPREFIX/wine.log" 2>&1 </dev/null
+}
+
 # prepare_wine: makes the prefix when there is none, and starts it.
 prepare_wine() {
   at_exit stop_wine
@@ -47,6 +55,7 @@ prepare_wine() {
       cat "$WINEPREFIX/wine.log" >&2
       return 1
     }
+    choose_font
     stop_wine
     keep_out_of_home
     touch "$WINEPREFIX/ready"
