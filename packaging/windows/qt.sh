@@ -32,16 +32,6 @@ source_version() {
   dpkg-query -W -f '${source:Version}' "$1"
 }
 
-# What decides how Qt comes out.
-qt_cache_key() {
-  {
-    source_version qt6-base-dev
-    source_version libqcustomplot-dev
-    x86_64-w64-mingw32-g++-posix --version
-    cat packaging/windows/qt.sh packaging/windows/qcustomplot/CMakeLists.txt cmake/mingw-w64.cmake
-  } | sha256sum | cut -c 1-12
-}
-
 # private_apt FOLDER ARGUMENT...: apt-get with the source packages of the Debian archives that this
 # machine takes its packages from, whose lists lie in FOLDER; the system's stay as they are.
 private_apt() {
@@ -90,13 +80,30 @@ build_qt() {
     -DZELORGAS_WINDOWS_QT="$prefix" -DQCUSTOMPLOT_SOURCE="$(echo "$sources"/qcustomplot-*/)"
 }
 
+# What decides how Qt comes out: versions and recipe.
+qt_cache_key() {
+  {
+    source_version qt6-base-dev
+    source_version libqcustomplot-dev
+    x86_64-w64-mingw32-g++-posix --version
+    declare -p QT_FEATURES_OFF
+    declare -f cross_build build_qt
+    cat packaging/windows/qcustomplot/CMakeLists.txt cmake/mingw-w64.cmake
+  } | sha256sum | cut -c 1-12
+}
+
+# qt_folder: where the cache keeps, or would keep, what this recipe makes; complete with a file "ready".
+qt_folder() {
+  echo "${ZELORGAS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/zelorgas}/windows-qt-$(qt_cache_key)"
+}
+
 # The end of the log, which nobody has seen, when the build was broken off.
 show_qt_trouble() { [[ -e $QT_FOLDER/ready ]] || tail -n 40 "$QT_WORK/build.log" >&2; }
 
 # prepare_qt: QT_FOLDER is then the folder with both; built when the cache has none for these versions
 # and this recipe, which takes most of half an hour. A build that was broken off is begun anew.
 prepare_qt() {
-  QT_FOLDER=${ZELORGAS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/zelorgas}/windows-qt-$(qt_cache_key)
+  QT_FOLDER=$(qt_folder)
   QT_WORK=$ROOT/build/windows-qt
   if [[ -e $QT_FOLDER/ready ]]; then
     echo "Qt is in $QT_FOLDER"
