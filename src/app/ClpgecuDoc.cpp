@@ -62,6 +62,7 @@ bool ClpgecuDoc::PrepareWorker() {
     paused_ = false;
     finished_ = false;
     another_ecu_ = false;
+    write_back_due_ = false;
     // Of an earlier connection.
     static_cast<void>(live_records_.TakeAll());
   }

@@ -65,12 +65,12 @@ class ClpgecuDoc {
   // until the next worker.
   [[nodiscard]] bool AnotherEcu() const { return another_ecu_; }
 
-  // Makes the worker read everything once more.
+  // Makes the worker read everything once more, after a write-back that is due.
   void RequestRefresh() { refresh_.Set(); }
+  // Who has written back what a restarted ECU had lost, or has failed to, says so.
+  void EndWriteBack() { write_back_due_ = false; }
   // Set while the person has disconnected: the worker then reads only the live FIFO.
   [[nodiscard]] Event& HoldEvent() { return hold_; }
-  // Set from outside to end whatever waits for the document; the program's end.
-  [[nodiscard]] Event& CloseEvent() { return close_; }
 
   // Which of the two routing maps a stored file carries, and into which one a loaded file's goes.
   // Used by the user-interface thread only, as all that stores and loads.
@@ -79,7 +79,6 @@ class ClpgecuDoc {
 
   // Polls the twelve extra channels too.
   void SetExtraChannels(bool on) { extra_channels_ = on; }
-  [[nodiscard]] bool ExtraChannels() const { return extra_channels_; }
   void ClearRestartMarker() { restart_marker_ = false; }
 
   [[nodiscard]] LiveRecordQueue& LiveRecords() { return live_records_; }
@@ -109,7 +108,6 @@ class ClpgecuDoc {
 
   Event refresh_;
   Event hold_;
-  Event close_;
   std::atomic<bool> run_{false};          // written by the user interface
   std::atomic<bool> pause_{false};        // written by the user interface
   std::atomic<bool> paused_{false};       // written by the worker
@@ -117,6 +115,7 @@ class ClpgecuDoc {
   std::atomic<bool> another_ecu_{false};  // likewise
   std::atomic<bool> extra_channels_{false};
   std::atomic<bool> restart_marker_{false};
+  std::atomic<bool> write_back_due_{false};  // from kEcuRestarted to EndWriteBack
 
   LiveRecordQueue live_records_;
   // Used by the user-interface thread only.

@@ -47,17 +47,18 @@ bool CommWorker::RunRound() {
   }
   document_.paused_ = false;
   if (document_.link_.PortLost() && !ReopenLostPort()) return true;
-  if ((!connected_ || document_.refresh_.IsSet()) && !FullRead()) return true;
-  if (!document_.pause_) Poll();
+  const bool read_all = !connected_ || (document_.refresh_.IsSet() && MayRefresh());
+  if (read_all && !FullRead()) return true;
+  if (!document_.pause_ && !document_.another_ecu_) Poll();
   return true;
 }
 
 void CommWorker::Finish() {
   document_.paused_ = true;
   document_.Post(CommStatus::kNotConnected);
-  // Tells the ECU that nobody listens any more. When the line is dead there is nobody to tell, and
-  // without a port nothing to tell it through.
-  if (!document_.link_.PortLost()) {
+  // Tells the ECU that nobody listens any more. Without a port there is nothing to tell it through,
+  // and another ECU has nobody to miss.
+  if (!document_.link_.PortLost() && !document_.another_ecu_) {
     static_cast<void>(document_.link_.WriteSingleCoil(ECU_SLAVE_ADDRESS, kDisconnectCoil, 1));
     static_cast<void>(document_.link_.WriteSingleCoil(ECU_SLAVE_ADDRESS, kDisconnectCoil, 0));
   }
@@ -226,7 +227,8 @@ bool CommWorker::PollBits() {
 
 void CommWorker::CountGoodPoll() {
   const bool keeps_connection = document_.image_.software.minor >= kKeepsConnection;
-  if (keeps_connection && failures_ > kFailuresAllowed) document_.Post(CommStatus::kLinkUp);
+  if (connected_ && keeps_connection && failures_ > kFailuresAllowed)
+    document_.Post(CommStatus::kLinkUp);
   failures_ = 0;
   document_.Post(CommStatus::kLiveData);
   if (keeps_connection) HandleRestartFlag();
@@ -242,6 +244,15 @@ void CommWorker::CountFailedPoll() {
   }
 }
 
+bool CommWorker::MayRefresh() {
+  const bool restarts = document_.image_.software.minor >= kKeepsConnection;
+  if (restarts && document_.restart_marker_ && !document_.write_back_due_) {
+    if (!PollBits()) return false;
+    HandleRestartFlag();
+  }
+  return !document_.write_back_due_ && !document_.another_ecu_;
+}
+
 // The ECU raises coil 43 when it has restarted. The first time after connecting that only means
 // that it was switched on; later its configuration may be an old one.
 void CommWorker::HandleRestartFlag() {
@@ -252,6 +263,7 @@ void CommWorker::HandleRestartFlag() {
   const ModbusResult cleared = document_.link_.WriteSingleCoil(ECU_SLAVE_ADDRESS, kRestartCoil, 0);
   // Without a full read there is nothing that could be written back.
   if (cleared == ModbusResult::kOk && seen_before && connected_) {
+    document_.write_back_due_ = true;
     document_.Post(CommStatus::kEcuRestarted);
   }
 }

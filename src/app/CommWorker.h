@@ -42,6 +42,9 @@ class CommWorker {
   void CountGoodPoll();
   void CountFailedPoll();
   void HandleRestartFlag();
+  // Whether a refresh may read over the image now: not over what the ECU has lost in a restart and
+  // is to get back.
+  bool MayRefresh();
   [[nodiscard]] bool HeldOrPaused() const;
 
   ClpgecuDoc& document_;

@@ -19,8 +19,7 @@ constexpr FixedText kUnknown =
 
 bool IsDocument(std::string_view argument) {
   return std::ranges::any_of(kFileExtensions, [argument](std::string_view extension) {
-    return argument.size() > extension.size() &&
-           EqualIgnoringCase(argument.substr(argument.size() - extension.size()), extension);
+    return argument.size() > extension.size() && EndsWithIgnoringCase(argument, extension);
   });
 }
 

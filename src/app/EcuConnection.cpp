@@ -1,10 +1,9 @@
 #include "app/EcuConnection.h"
 
-#include <array>
-#include <cstdio>
 #include <mutex>
 
 #include "app/PortListModel.h"
+#include "app/Settings.h"
 
 namespace zelorgas {
 namespace {
@@ -25,12 +24,6 @@ constexpr Version kOldestSupported{0, 36};
 constexpr Version kNewestSupported{0, 39};
 constexpr std::uint8_t kWithoutOffer = 39;  // minor versions below are offered an update
 
-std::string VersionText(Version version) {
-  std::array<char, 8> text{};
-  std::snprintf(text.data(), text.size(), "%02d.%02d", version.major, version.minor);
-  return text.data();
-}
-
 }  // namespace
 
 EcuConnection::EcuConnection(ClpgecuDoc& document, MessageBoxes& boxes, SettingsStore& settings,
@@ -50,7 +43,10 @@ EcuConnection::Outcome EcuConnection::Identify(bool offer_update) {
   identity_ = {};
   failure_result_ = ModbusResult::kOk;
   ModbusSerialPort& link = document_.Link();
-  if (!link.IsOpen() && !document_.OpenLink()) return Fail(kPortBusy);
+  if (!link.IsOpen() && !document_.OpenLink()) {
+    document_.Post(CommStatus::kPortBusy);
+    return Fail(kPortBusy);
+  }
   EcuIdentity found;
   if (const auto step = ReadBasicIdentification(link, found); !step.Ok()) return Fail(step);
   StorePort();
@@ -67,6 +63,7 @@ EcuConnection::Outcome EcuConnection::Identify(bool offer_update) {
   // The ECU may be another one than before the update that was offered.
   if (gate.identify_again) return Identify(/*offer_update=*/false);
   if (const auto step = ReadSerialNumber(link, identity_); !step.Ok()) return Fail(step);
+  ForgetAnotherEcu();
   KeepIdentity();
   if (const auto step = ReadBoardInformation(link, identity_); !step.Ok()) {
     return Fail(step);
@@ -102,9 +99,8 @@ void EcuConnection::StorePort() {
   const ModbusSerialPort& link = document_.Link();
   // Next time the person means the car's.
   if (link.PortName() == kSimulatedPortName) return;
-  settings_.WriteString(
-      kSettingsSection, kPortKey,
-      link.PortName().empty() ? "COM" + std::to_string(link.PortNumber()) : link.PortName());
+  Settings(settings_).SetPort(link.PortName().empty() ? "COM" + std::to_string(link.PortNumber())
+                                                      : link.PortName());
 }
 
 EcuConnection::Outcome EcuConnection::EnterBootloader() {
@@ -112,6 +108,14 @@ EcuConnection::Outcome EcuConnection::EnterBootloader() {
   // when the update prepares the link.
   static_cast<void>(document_.Link().WriteSingleCoil(ECU_SLAVE_ADDRESS, kStayInBootloaderCoil, 1));
   return StartUpdate(true);
+}
+
+void EcuConnection::ForgetAnotherEcu() {
+  if (identity_.serial && identity_.serial == serial_) return;
+  serial_ = identity_.serial;
+  document_.ImageLock();
+  document_.Image() = {};
+  document_.ImageUnlock();
 }
 
 void EcuConnection::KeepIdentity() {
@@ -129,7 +133,8 @@ EcuConnection::Gate EcuConnection::CheckVersion(bool offer_update) {
   if (supported && (found.minor >= kWithoutOffer || !offer_update)) return {Outcome::kConnected};
   Message question = kObsoleteFirmware;
   if (!supported) {
-    question.Append("\n", {kVersionRequired, VersionText(found), VersionText(kOldestSupported)});
+    question.Append("\n",
+                    {kVersionRequired, FormatVersion(found), FormatVersion(kOldestSupported)});
   }
   question.Append("\n", kReplaceQuestion);
   const bool update = boxes_.Ask(question);

@@ -83,6 +83,9 @@ class EcuConnection {
   // The firmware versions that this program works with.
   Gate CheckVersion(bool offer_update);
   Outcome EnterBootloader();
+  // What the last car's ECU held is not shown as this one's until that is read. Without a serial
+  // number nobody knows whose it was.
+  void ForgetAnotherEcu();
   // Lets the document's image know whom it is connected to.
   void KeepIdentity();
 
@@ -92,6 +95,7 @@ class EcuConnection {
   FirmwareUpdate& update_;
   std::function<void()> identified_hook_;
   EcuIdentity identity_;
+  std::optional<std::uint32_t> serial_;  // of the ECU whose words the document's image holds
   ModbusResult failure_result_ = ModbusResult::kOk;
 };
 

@@ -1,6 +1,7 @@
 #include "app/Identification.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <span>
 #include <utility>
 #include <vector>
@@ -31,7 +32,7 @@ void SkipSpace(std::string_view& text) {
 
 // Takes a number off the front of `text`: white space, a sign, digits. Gives its lowest byte, which
 // is all that a version keeps of it.
-std::optional<std::uint8_t> TakeNumber(std::string_view& text) {
+std::optional<std::uint8_t> TakeNumberByte(std::string_view& text) {
   SkipSpace(text);
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);
@@ -60,7 +61,7 @@ std::optional<std::array<std::uint8_t, kCount>> ScanNumbers(std::string_view tex
       text.remove_prefix(1);
     }
     format.remove_prefix(2);
-    const std::optional<std::uint8_t> taken = TakeNumber(text);
+    const std::optional<std::uint8_t> taken = TakeNumberByte(text);
     if (!taken) return std::nullopt;
     number = *taken;
   }
@@ -71,6 +72,12 @@ std::optional<std::array<std::uint8_t, kCount>> ScanNumbers(std::string_view tex
 bool KnowsHardwareAndSerial(Version software) { return software.major == 0 && software.minor > 11; }
 
 }  // namespace
+
+std::string FormatVersion(Version version) {
+  std::array<char, 8> text{};
+  std::snprintf(text.data(), text.size(), "%02d.%02d", version.major, version.minor);
+  return text.data();
+}
 
 std::optional<Revision> ParseRevision(std::string_view text) {
   if (const auto four = ScanNumbers<4>(text, "SV %u.%u@HV %u.%u")) {

@@ -37,6 +37,9 @@ struct Version {
   friend auto operator<=>(const Version&, const Version&) = default;
 };
 
+// "00.39"
+[[nodiscard]] std::string FormatVersion(Version version);
+
 // Of a register that holds it: high byte major, low byte minor.
 [[nodiscard]] constexpr Version VersionOfRegister(std::uint16_t word) {
   return {static_cast<std::uint8_t>(word >> 8U), static_cast<std::uint8_t>(word & 0xFFU)};

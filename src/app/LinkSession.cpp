@@ -1,5 +1,6 @@
 #include "app/LinkSession.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace zelorgas {
@@ -12,6 +13,10 @@ constexpr std::chrono::seconds kIdleLimit{10};
 
 }  // namespace
 
+MoreAttempts::MoreAttempts(ModbusMaster& master) : master_(master), before_(master.AttemptCount()) {
+  master.SetAttemptCount(std::max(before_, kAttempts));
+}
+
 LinkSession::LinkSession(ClpgecuDoc& document, Wait wait) : document_(document) {
   document_.PauseWorker(true);
   if (wait != Wait::kGrace) WaitUntilIdle();
@@ -20,11 +25,11 @@ LinkSession::LinkSession(ClpgecuDoc& document, Wait wait) : document_(document) 
   // and pauses it is not.
   if (wait == Wait::kGrace) WaitUntilIdle();
   document_.ImageLock();
-  document_.Link().SetAttemptCount(kAttempts);
+  attempts_.emplace(document_.Link());
 }
 
 LinkSession::~LinkSession() {
-  document_.Link().SetAttemptCount(1);
+  attempts_.reset();
   document_.ImageUnlock();
   document_.PauseWorker(false);
 }

@@ -1,11 +1,12 @@
 // A page's turn on the link: holds the polling, takes the image lock and lets every request try
-// three times; gives all of it back when it goes out of scope, on whatever path. Nothing else
-// pauses the worker. Used by the thread that runs the procedure (the user interface, the command
-// line).
+// three times at least; gives all of it back when it goes out of scope, on whatever path. Nothing
+// else pauses the worker. Used by the thread that runs the procedure (the user interface, the
+// command line).
 #pragma once
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -21,6 +22,21 @@ inline constexpr FixedText kParameterNotLoaded =
 inline constexpr FixedText kAnotherEcuAnswers =
     FixedText::Of("Another ECU answers than the one that was connected to!");
 
+// Lets every exchange be tried three times at least; undoes it when it goes.
+class MoreAttempts {
+ public:
+  static constexpr std::uint16_t kAttempts = 3;
+
+  explicit MoreAttempts(ModbusMaster& master);
+  MoreAttempts(const MoreAttempts&) = delete;
+  MoreAttempts& operator=(const MoreAttempts&) = delete;
+  ~MoreAttempts() { master_.SetAttemptCount(before_); }
+
+ private:
+  ModbusMaster& master_;
+  const std::uint16_t before_;
+};
+
 class LinkSession {
  public:
   // What has to pass between the request to pause and the first exchange.
@@ -30,7 +46,6 @@ class LinkSession {
     kIdleAndGrace,  // both, one after the other
   };
   static constexpr std::chrono::milliseconds kGracePeriod{250};
-  static constexpr std::uint16_t kAttempts = 3;
 
   LinkSession(ClpgecuDoc& document, Wait wait);
   LinkSession(const LinkSession&) = delete;
@@ -42,6 +57,7 @@ class LinkSession {
 
   // Asks the ECU on the line who it is. With kOk, `same` says whether it is the one that was
   // connected to: the cable may have been moved to another car while a person was asked something.
+  // With any other result `same` stays as it is.
   ModbusResult CheckEcu(bool& same);
 
   // Write holding registers of the ECU with function 6 or 16; what it has taken is in the image
@@ -56,6 +72,7 @@ class LinkSession {
   void WaitUntilIdle();
 
   ClpgecuDoc& document_;
+  std::optional<MoreAttempts> attempts_;
 };
 
 }  // namespace zelorgas

@@ -1,7 +1,6 @@
 #include "app/LoadProcedure.h"
 
 #include <algorithm>
-#include <chrono>
 #include <span>
 
 #include "app/BackupProcedure.h"
@@ -13,7 +12,6 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::chrono::milliseconds kRest{25};
 constexpr FixedText kTryAgain = FixedText::Of("Do you want to try again?");
 
 void Report(const TransferProgress& progress, TransferStage stage, std::size_t words) {
@@ -189,7 +187,7 @@ bool LoadProcedure::Write(const ConfigurationBlock& block) {
                         // Of all tries: a later one may have come less far.
                         result_.words_written = std::max(result_.words_written, written);
                         Report(progress_, TransferStage::kWriting, written);
-                        document_.SleepSliced(kRest);
+                        document_.SleepSliced(kRestAfterChunk);
                       });
   };
   return Persist(write, [this] {

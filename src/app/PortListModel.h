@@ -40,8 +40,6 @@ class PortListModel {
   PortListModel(Lister list, std::string_view selected);
 
   [[nodiscard]] const std::vector<PortEntry>& Entries() const { return entries_; }
-  // Of this machine, the simulated ECU not counted.
-  [[nodiscard]] std::size_t PortCount() const { return entries_.size() - 1; }
 
   // Index of the selected entry; nothing while the selected port is unplugged.
   [[nodiscard]] std::optional<std::size_t> Selected() const;

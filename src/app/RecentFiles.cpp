@@ -53,14 +53,6 @@ void RecentFiles::Remove(std::string_view file) {
   Store();
 }
 
-void RecentFiles::RemoveMissing() {
-  std::erase_if(files_, [](const std::string& file) {
-    std::error_code error;
-    return fs::status(PathFromText(file), error).type() == fs::file_type::not_found;
-  });
-  Store();
-}
-
 void RecentFiles::Store() {
   for (std::size_t i = 0; i < kRecentFiles; ++i) {
     // Without a place to keep it the list lasts as long as the program.

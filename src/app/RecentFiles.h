@@ -24,8 +24,6 @@ class RecentFiles {
   void Add(std::string_view file);
   // Takes `file` out: it could not be opened.
   void Remove(std::string_view file);
-  // Takes out the files that are no longer there. Looks at each on its disk.
-  void RemoveMissing();
 
  private:
   void Store();

@@ -1,5 +1,5 @@
-// The program's own settings by their meaning, and the choice of language. Used by the
-// user-interface thread.
+// The program's own settings by their meaning, and the choice of language. Used by one thread, the
+// window's or the command line's.
 #pragma once
 
 #include <array>
@@ -48,7 +48,7 @@ class Settings {
   [[nodiscard]] std::string Port() const;
   bool SetPort(std::string_view port);
 
-  // Whether storing a configuration also saves a copy of it to a file.
+  // Whether the store dialog begins with "Store in a file" ticked.
   [[nodiscard]] bool SaveFile() const;
   bool SetSaveFile(bool on);
 

@@ -62,10 +62,12 @@ StoreOutcome StoreConfiguration(ClpgecuDoc& document, MessageBoxes& boxes,
     boxes.Inform(kFileNameIncomplete, MessageIcon::kExclamation);
     return StoreOutcome::kNoFile;
   }
+  // What is stored is what the program held when it was asked for.
+  const ConfigurationBlock block = document.Snapshot().block;
+  const std::size_t routing_map = document.RoutingMap();
   if (!boxes.Ask(QuestionFor(request))) return StoreOutcome::kDeclined;
   Message problem;
-  if (!WriteConfigurationFile(request.file, document.Snapshot().block, document.RoutingMap(),
-                              request.notes, problem)) {
+  if (!WriteConfigurationFile(request.file, block, routing_map, request.notes, problem)) {
     boxes.Status(problem);
     boxes.Inform(kConfigurationNotStored, MessageIcon::kError);
     return StoreOutcome::kFailed;

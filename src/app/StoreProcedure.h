@@ -61,8 +61,8 @@ enum class StoreOutcome : std::uint8_t {
   kFailed,    // the status line says why, and whether what was at the path is still there
 };
 
-// Asks, stores the image's block, and says what became of it; the reason of a failure goes to the
-// status line.
+// Asks, stores the block that the image has before the question, and says what became of it; the
+// reason of a failure goes to the status line.
 StoreOutcome StoreConfiguration(ClpgecuDoc& document, MessageBoxes& boxes,
                                 const StoreRequest& request);
 

@@ -29,4 +29,10 @@ EcuConnection::Outcome CliConnection::Connect() {
   return outcome;
 }
 
+ExitStatus CliConnection::ConnectToEcu() {
+  if (const ExitStatus status = session_.SelectLink(); status != ExitStatus::kDone) return status;
+  const bool connected = Connect() == EcuConnection::Outcome::kConnected;
+  return connected ? ExitStatus::kDone : ExitStatus::kRefused;
+}
+
 }  // namespace zelorgas

@@ -33,6 +33,10 @@ class CliConnection {
   // failed has been explained to the user.
   EcuConnection::Outcome Connect();
 
+  // Chooses the port and connects on it. Every status but kDone has been explained to the user and
+  // ends the command.
+  ExitStatus ConnectToEcu();
+
   // What Connect has found out, whatever its outcome; empty texts when it was too little.
   [[nodiscard]] const EcuIdentity& Identity() const { return connection_.Identity(); }
 

@@ -5,10 +5,12 @@
 #include <system_error>
 #include <utility>
 
+#include "app/EcuConnection.h"
 #include "app/PortListModel.h"
 #include "app/Settings.h"
 #include "cli/Text.h"
 #include "config/Utf8Text.h"
+#include "platform/IgnoreCase.h"
 
 namespace zelorgas {
 namespace {
@@ -19,13 +21,8 @@ constexpr std::string_view kComPrefix = "COM";
 // The digits of "COM12", whatever the case of its letters; nothing for another text.
 std::optional<std::string_view> ComPortDigits(std::string_view port) {
   const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
-  const auto upper = [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  };
   if (port.size() <= kComPrefix.size()) return std::nullopt;
-  if (!std::ranges::equal(port.substr(0, kComPrefix.size()), kComPrefix, {}, upper)) {
-    return std::nullopt;
-  }
+  if (!EqualIgnoringCase(port.substr(0, kComPrefix.size()), kComPrefix)) return std::nullopt;
   const std::string_view digits = port.substr(kComPrefix.size());
   if (!std::ranges::all_of(digits, is_digit)) return std::nullopt;
   return digits;
@@ -72,7 +69,7 @@ ExitStatus CliSession::SelectLink() {
 ExitStatus CliSession::OpenLink() {
   if (const ExitStatus status = SelectLink(); status != ExitStatus::kDone) return status;
   if (!document_.Link().Open(0, 0, 255)) {
-    Message("Sorry! The specified COM port is busy!");
+    Message(kPortBusy.English());
     return ExitStatus::kRefused;
   }
   return ExitStatus::kDone;

@@ -49,7 +49,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"record", "record FILE.osc --seconds S [--notes TEXT] [--yes]",
      "records the oscilloscope's twelve channels for S seconds (640 at most) since the first\n"
      "values, or until Ctrl+C is pressed, and stores them; asks before it writes over a file,\n"
-     "without a terminal it needs --yes",
+     "without a terminal it needs --yes. --attempts counts for connecting, as with live",
      RunRecord, kRecordOptions},
     {"errors", "errors", "the errors that the ECU has stored, with how often each has occurred",
      RunErrors},

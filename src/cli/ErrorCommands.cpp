@@ -22,11 +22,7 @@ class ErrorSession {
  public:
   explicit ErrorSession(CliSession& session) : session_(session), connection_(session) {}
 
-  ExitStatus Connect() {
-    if (const ExitStatus status = session_.SelectLink(); status != ExitStatus::kDone) return status;
-    const bool connected = connection_.Connect() == EcuConnection::Outcome::kConnected;
-    return connected ? ExitStatus::kDone : ExitStatus::kRefused;
-  }
+  ExitStatus Connect() { return connection_.ConnectToEcu(); }
   ErrorLog& Log() { return log_; }
 
  private:

@@ -45,12 +45,6 @@ bool ReadIsAnswered(const Message& question, bool yes) { return yes || question 
 
 bool WriteIsAnswered(const Message& question, bool yes) { return yes && question == kLoadQuestion; }
 
-ExitStatus Connect(CliSession& session, CliConnection& connection) {
-  if (const ExitStatus status = session.SelectLink(); status != ExitStatus::kDone) return status;
-  const bool connected = connection.Connect() == EcuConnection::Outcome::kConnected;
-  return connected ? ExitStatus::kDone : ExitStatus::kRefused;
-}
-
 // Reads the ECU's block into the document's image.
 ExitStatus ReadEcu(CliSession& session) {
   const ModbusResult result = ReadConfigurationIntoImage(session.Document(), {});
@@ -104,19 +98,23 @@ void AppendValue(JsonWriter& document, const BlockCell& cell, const Configuratio
   }
 }
 
-// The cells that the file gives, those of one table together. A file has one routing map, so that
-// its number says nothing.
+bool Gives(const LoadedConfiguration& file, const BlockCell& cell) {
+  return cell.named && (file.given[cell.word] & cell.Mask()) == cell.Mask();
+}
+
+// The cells of the tables and parameters of which the file gives something, those of one together.
+// A file has one routing map, so that its number says nothing.
 std::vector<std::span<const BlockCell>> GivenCells(const LoadedConfiguration& file) {
   std::vector<std::span<const BlockCell>> groups;
-  const std::vector<BlockCell>& cells = BlockCells();
-  const auto gives = [&file](const BlockCell& cell) {
-    return cell.named && (file.given[cell.word] & cell.Mask()) == cell.Mask();
-  };
+  const std::span<const BlockCell> cells = BlockCells();
   for (std::size_t i = 0; i < cells.size();) {
     std::size_t end = i;
-    while (end < cells.size() && cells[end].name == cells[i].name && gives(cells[end])) ++end;
-    if (end > i) groups.push_back(std::span(cells).subspan(i, end - i));
-    i = std::max(end, i + 1);
+    while (end < cells.size() && cells[end].name == cells[i].name) ++end;
+    const auto group = cells.subspan(i, end - i);
+    if (std::ranges::any_of(group, [&file](const BlockCell& cell) { return Gives(file, cell); })) {
+      groups.push_back(group);
+    }
+    i = end;
   }
   return groups;
 }
@@ -133,7 +131,13 @@ void PrintJson(CliSession& session, const LoadedConfiguration& file) {
     document.Key(group.front().name);
     const bool table = IsTable(group.front());
     if (table) document.BeginArray();
-    for (const BlockCell& cell : group) AppendValue(document, cell, file.shown);
+    for (const BlockCell& cell : group) {
+      if (Gives(file, cell)) {
+        AppendValue(document, cell, file.shown);
+      } else {
+        document.Null();
+      }
+    }
     if (table) document.EndArray();
   }
   session.Print(document.EndObject().EndObject());
@@ -144,7 +148,7 @@ void PrintText(CliSession& session, const LoadedConfiguration& file) {
     std::string line = group.front().name;
     char separator = '=';
     for (const BlockCell& cell : group) {
-      line += separator + cell.Text(file.shown);
+      line += separator + (Gives(file, cell) ? cell.Text(file.shown) : "?");
       separator = ';';
     }
     session.Print(line);
@@ -238,7 +242,7 @@ ExitStatus RunRead(CliSession& session, std::span<const std::string> arguments) 
     if (status != ExitStatus::kDone) return status;
   }
   CliConnection connection(session);
-  if (const ExitStatus status = Connect(session, connection); status != ExitStatus::kDone) {
+  if (const ExitStatus status = connection.ConnectToEcu(); status != ExitStatus::kDone) {
     return status;
   }
   if (const ExitStatus status = ReadEcu(session); status != ExitStatus::kDone) return status;
@@ -275,7 +279,7 @@ ExitStatus RunWrite(CliSession& session, std::span<const std::string> arguments)
     return ExitStatus::kFileFailure;
   }
   CliConnection connection(session);
-  if (const ExitStatus status = Connect(session, connection); status != ExitStatus::kDone) {
+  if (const ExitStatus status = connection.ConnectToEcu(); status != ExitStatus::kDone) {
     return status;
   }
   AnsweredBoxes boxes(session, WriteIsAnswered);
@@ -326,7 +330,7 @@ ExitStatus RunDiff(CliSession& session, std::span<const std::string> arguments) 
     differences = CompareFiles(*files[0], *files[1]);
   } else {
     CliConnection connection(session);
-    if (const ExitStatus status = Connect(session, connection); status != ExitStatus::kDone) {
+    if (const ExitStatus status = connection.ConnectToEcu(); status != ExitStatus::kDone) {
       return status;
     }
     if (const ExitStatus status = ReadEcu(session); status != ExitStatus::kDone) return status;

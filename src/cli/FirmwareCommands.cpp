@@ -165,18 +165,26 @@ class Update {
       case Outcome::kDone:
         return ExitStatus::kDone;
       case Outcome::kBadImage:
+        TellWhereItWaits();
         return ExitStatus::kFileFailure;
       case Outcome::kStopped:
         session_.Message(download_.FlashChanged() ? kRepeat : "stopped; nothing has been erased");
+        TellWhereItWaits();
         break;
       case Outcome::kDeclined:
         break;
       case Outcome::kFailed:
         ShowResult(download_.FailureResult());
         if (download_.FlashChanged()) session_.Message(kRepeat);
+        TellWhereItWaits();
         break;
     }
     return ExitStatus::kRefused;
+  }
+  // An ECU that is whole but was led into its bootloader stays there.
+  void TellWhereItWaits() {
+    if (!download_.ApplicationLeft() || download_.FlashChanged()) return;
+    session_.Message("the ECU waits in its bootloader: switch the ignition off and on");
   }
 
   void ShowResult(ModbusResult result) {

@@ -4,6 +4,7 @@
 
 #include "cli/Text.h"
 #include "config/Utf8Text.h"
+#include "platform/ControlCharacters.h"
 
 namespace zelorgas {
 namespace {
@@ -76,7 +77,7 @@ void JsonWriter::AppendQuoted(std::string_view text) {
     if (byte == '"' || byte == '\\') {
       text_ += '\\';
       text_ += text.front();
-    } else if (length == 0 || byte < 0x20 || byte == 0x7F) {
+    } else if (length == 0 || IsControl(text.front())) {
       text_ += "\\u00";
       text_ += kHexDigits[byte >> 4U];
       text_ += kHexDigits[byte & 0xFU];

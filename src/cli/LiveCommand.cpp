@@ -76,9 +76,10 @@ ExitStatus RunLive(CliSession& session, std::span<const std::string> arguments) 
     duration = ReadSeconds("--seconds", *seconds, problem);
     if (!duration) return session.UsageError(problem);
   }
-  if (const ExitStatus status = session.SelectLink(); status != ExitStatus::kDone) return status;
   CliConnection connection(session);
-  if (connection.Connect() != EcuConnection::Outcome::kConnected) return ExitStatus::kRefused;
+  if (const ExitStatus status = connection.ConnectToEcu(); status != ExitStatus::kDone) {
+    return status;
+  }
   return ShowLive(session, duration, session.Option("--csv").value_or(""));
 }
 

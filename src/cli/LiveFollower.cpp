@@ -37,6 +37,7 @@ class LiveFollower {
   }
   [[nodiscard]] bool HasValues() const { return begun_; }
   [[nodiscard]] bool AnotherEcu() const { return another_ecu_; }
+  [[nodiscard]] bool WriteBackFailed() const { return write_back_failed_; }
 
  private:
   enum class Link : std::uint8_t { kNone, kComing, kUp, kLost };
@@ -84,11 +85,15 @@ class LiveFollower {
 
   void WriteBack() {
     session_.Message(kRestartNotice);
-    const ModbusResult result = WriteBackAfterRestart(session_.Document());
-    if (result == ModbusResult::kOk) {
-      session_.Message("the data have been synchronized");
-    } else {
+    bool same = true;
+    const ModbusResult result = WriteBackAfterRestart(session_.Document(), same);
+    // The polling finds another ECU as well, which ends this.
+    if (!same) return;
+    write_back_failed_ = result != ModbusResult::kOk;
+    if (write_back_failed_) {
       static_cast<void>(session_.LinkError("the data could not be synchronized", result));
+    } else {
+      session_.Message("the data have been synchronized");
     }
   }
 
@@ -100,6 +105,7 @@ class LiveFollower {
   Link link_ = Link::kNone;
   bool begun_ = false;
   bool another_ecu_ = false;
+  bool write_back_failed_ = false;
 };
 
 }  // namespace
@@ -119,6 +125,7 @@ ExitStatus FollowLiveValues(CliSession& session, std::optional<Clock::Duration> 
     session.Message("another ECU answers now; stopped");
     return ExitStatus::kRefused;
   }
+  if (follower.WriteBackFailed()) return ExitStatus::kRefused;
   if (shown && !follower.HasValues() && session.Environment().interrupted == 0) {
     session.Message("no live values have come");
     return ExitStatus::kRefused;

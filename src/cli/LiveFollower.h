@@ -21,7 +21,8 @@ struct LiveUpdate {
 // Starts the document's worker on the connected link and hands every update to `show`, until
 // `duration` has passed since the first one (without a duration there is no end), the person
 // interrupts, `show` gives false, or another ECU answers than at first. kRefused, after a message,
-// in the last case, and when the port cannot be opened or no values have come.
+// in the last case, when the port cannot be opened, when no values have come, and when
+// what the ECU lost in a restart could not be written back.
 ExitStatus FollowLiveValues(CliSession& session, std::optional<Clock::Duration> duration,
                             const std::function<bool(const LiveUpdate&)>& show);
 

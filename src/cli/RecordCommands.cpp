@@ -100,9 +100,7 @@ ExitStatus Store(CliSession& session, const ScopeTraces& traces, const std::stri
 }  // namespace
 
 bool IsRecordingName(std::string_view name) {
-  return name.size() >= kRecordingExtension.size() &&
-         EqualIgnoringCase(name.substr(name.size() - kRecordingExtension.size()),
-                           kRecordingExtension);
+  return EndsWithIgnoringCase(name, kRecordingExtension);
 }
 
 ExitStatus RunRecord(CliSession& session, std::span<const std::string> arguments) {
@@ -121,9 +119,10 @@ ExitStatus RunRecord(CliSession& session, std::span<const std::string> arguments
   if (const ExitStatus status = CheckTarget(session, name); status != ExitStatus::kDone) {
     return status;
   }
-  if (const ExitStatus status = session.SelectLink(); status != ExitStatus::kDone) return status;
   CliConnection connection(session);
-  if (connection.Connect() != EcuConnection::Outcome::kConnected) return ExitStatus::kRefused;
+  if (const ExitStatus status = connection.ConnectToEcu(); status != ExitStatus::kDone) {
+    return status;
+  }
 
   const auto wanted = static_cast<std::size_t>(
       std::ceil(std::chrono::duration<double>(*duration).count() / kScopeSamplePeriodSeconds));

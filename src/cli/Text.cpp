@@ -1,9 +1,10 @@
 #include "cli/Text.h"
 
-#include <array>
 #include <charconv>
 #include <limits>
 #include <system_error>
+
+#include "platform/ControlCharacters.h"
 
 namespace zelorgas {
 namespace {
@@ -56,14 +57,6 @@ std::optional<Clock::Duration> ReadSeconds(std::string_view option, std::string_
   return std::nullopt;
 }
 
-std::string FormatFixed(double value, int decimals) {
-  // The largest double has 309 digits before the point.
-  std::array<char, 352> text{};
-  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,
-                                          std::chars_format::fixed, decimals);
-  return {text.data(), end};
-}
-
 std::string FormatHexWord(std::uint16_t word) {
   std::string text = "0x";
   for (unsigned shift = 16; shift > 0; shift -= 4) {
@@ -98,8 +91,7 @@ std::string PrintableText(std::string_view bytes) {
 std::string EscapeControls(std::string_view text, std::string_view kept) {
   std::string escaped;
   for (const char& c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool control = (byte < 0x20 || byte == 0x7F) && kept.find(c) == std::string_view::npos;
+    const bool control = IsControl(c) && kept.find(c) == std::string_view::npos;
     escaped += control ? PrintableText({&c, 1}) : std::string(1, c);
   }
   return escaped;

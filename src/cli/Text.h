@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "config/ConfigurationNumbers.h"  // FormatFixed
 #include "platform/Clock.h"
 
 namespace zelorgas {
@@ -30,9 +31,6 @@ struct NumberArgument {
 [[nodiscard]] std::optional<Clock::Duration> ReadSeconds(std::string_view option,
                                                          std::string_view text,
                                                          std::string& problem);
-
-// "3.250": `value`, some measured quantity, rounded to `decimals` digits behind a decimal point.
-[[nodiscard]] std::string FormatFixed(double value, int decimals);
 
 // "0x4000": four hexadecimal digits.
 [[nodiscard]] std::string FormatHexWord(std::uint16_t word);

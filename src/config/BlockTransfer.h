@@ -2,6 +2,7 @@
 // registers.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -15,6 +16,10 @@ namespace zelorgas {
 // Called after each chunk that went through, outside the link lock: `offset` is the chunk's first
 // word, `words` what the ECU now holds there. Progress is (offset + words.size()) of kBlockWords.
 using ChunkDone = std::function<void(std::size_t offset, std::span<const std::uint16_t> words)>;
+
+// The rest that an ECU gets between two chunks of WriteBlock; who calls it takes the rest in
+// `done`.
+inline constexpr std::chrono::milliseconds kRestAfterChunk{25};
 
 // Reads the block chunk by chunk. The first failed request abandons the read with its result;
 // chunks that came before it have been handed over and stay.

@@ -34,23 +34,6 @@ std::optional<std::uint64_t> ParseDigits(std::string_view text) {
   return number;
 }
 
-// Whether a decimal number, written without its sign, that is no double lies below the doubles
-// rather than above them: the place of its first digit tells.
-bool IsTooSmall(std::string_view number) {
-  const std::size_t mantissa_end = std::min(number.find_first_of("eE"), number.size());
-  const std::string_view mantissa = number.substr(0, mantissa_end);
-  std::string_view exponent_text = number.substr(std::min(mantissa_end + 1, number.size()));
-  if (exponent_text.starts_with('+')) exponent_text.remove_prefix(1);
-  std::int64_t exponent = 0;
-  const auto read =
-      std::from_chars(exponent_text.data(), exponent_text.data() + exponent_text.size(), exponent);
-  if (read.ec == std::errc::result_out_of_range) return exponent_text.starts_with('-');
-  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
-  const auto first_digit = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
-  // Written so that an exponent near the end of its range does not overflow.
-  return exponent < first_digit - point;
-}
-
 }  // namespace
 
 std::optional<std::int32_t> ParseSigned(std::string_view text) {
@@ -81,12 +64,27 @@ std::optional<double> ParseFileDecimal(std::string_view text) {
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
   if (stop != end) return std::nullopt;
-  if (error == std::errc::result_out_of_range && IsTooSmall(text)) {
+  if (error == std::errc::result_out_of_range && IsBelowDoubles(text)) {
     number = 0;
   } else if (error != std::errc{} || !std::isfinite(number)) {
     return std::nullopt;
   }
   return sign.minus ? -number : number;
+}
+
+bool IsBelowDoubles(std::string_view number) {
+  const std::size_t mantissa_end = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view mantissa = number.substr(0, mantissa_end);
+  std::string_view exponent_text = number.substr(std::min(mantissa_end + 1, number.size()));
+  if (exponent_text.starts_with('+')) exponent_text.remove_prefix(1);
+  std::int64_t exponent = 0;
+  const auto read =
+      std::from_chars(exponent_text.data(), exponent_text.data() + exponent_text.size(), exponent);
+  if (read.ec == std::errc::result_out_of_range) return exponent_text.starts_with('-');
+  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto first_digit = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+  // Written so that an exponent near the end of its range does not overflow.
+  return exponent < first_digit - point;
 }
 
 void AppendInteger(std::string& text, int number) {
@@ -96,10 +94,17 @@ void AppendInteger(std::string& text, int number) {
 }
 
 void AppendFixed(std::string& text, double number, int decimals) {
-  std::array<char, 32> digits{};
+  // The largest double has 309 digits before the point.
+  std::array<char, 352> digits{};
   const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), number,
                                      std::chars_format::fixed, decimals);
   text.append(digits.data(), written.ptr);
+}
+
+std::string FormatFixed(double number, int decimals) {
+  std::string text;
+  AppendFixed(text, number, decimals);
+  return text;
 }
 
 void AppendBits(std::string& text, unsigned bits, std::size_t count) {

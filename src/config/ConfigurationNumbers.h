@@ -1,5 +1,5 @@
-// Numbers as configuration files hold them, whatever the system's language: the point is ".", and
-// digits are not grouped. Pure functions, for any thread.
+// Numbers as configuration files hold them and the program shows them, whatever the system's
+// language: the point is ".", and digits are not grouped. Pure functions, for any thread.
 #pragma once
 
 #include <cstddef>
@@ -22,10 +22,15 @@ namespace zelorgas {
 // "inf" and "nan", and for what is too large for a double.
 [[nodiscard]] std::optional<double> ParseFileDecimal(std::string_view text);
 
+// Whether a decimal number, written without its sign, that is no double lies below the doubles
+// rather than above them: the place of its first digit tells.
+[[nodiscard]] bool IsBelowDoubles(std::string_view number);
+
 // As "%d".
 void AppendInteger(std::string& text, int number);
-// As "%.2f" for `decimals` 2. `number` is below 10 million.
+// As "%.2f" for `decimals` 2, of which there are at most 40.
 void AppendFixed(std::string& text, double number, int decimals);
+[[nodiscard]] std::string FormatFixed(double number, int decimals);
 // The low `count` bits of `bits`, bit 0 first: "1;0;0".
 void AppendBits(std::string& text, unsigned bits, std::size_t count);
 

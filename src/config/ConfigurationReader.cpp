@@ -55,7 +55,10 @@ std::optional<ListNumber> ScaledNumber(std::string_view token, CellForm form) {
   const bool hundredths = form == CellForm::kHundredths;
   const std::int64_t loaded = hundredths ? cut / 10 : cut;
   const auto shown = static_cast<std::int64_t>(std::round(thousandths / (hundredths ? 10 : 1)));
-  return ListNumber{LowWord(loaded), LowWord(shown), loaded >= 0 && loaded <= 0xFFFF};
+  const bool fits = loaded >= 0 && loaded <= 0xFFFF;
+  // At the ends the rounded number may lie beside the range though the cut one does not.
+  return ListNumber{LowWord(loaded),
+                    LowWord(fits ? std::clamp<std::int64_t>(shown, 0, 0xFFFF) : shown), fits};
 }
 
 std::optional<ListNumber> ParseToken(std::string_view token, CellForm form) {

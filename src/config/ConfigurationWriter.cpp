@@ -165,11 +165,8 @@ bool WriteConfigurationFile(const std::filesystem::path& file, const Configurati
     problem = {FixedText::Of("Cannot write %1: the notes are too long"), PathText(file)};
     return false;
   }
+  if (!CreateFolderOf(file, problem)) return false;
   Message reason;
-  if (file.has_parent_path() && !CreateFolders(file.parent_path(), reason)) {
-    problem = {FixedText::Of("Cannot create %1: %2"), PathText(file.parent_path()), reason};
-    return false;
-  }
   if (WriteWholeFile(file, text, reason)) return true;
   problem = {FixedText::Of("Cannot write %1: %2"), PathText(file), reason};
   return false;

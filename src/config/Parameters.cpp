@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <numeric>
 #include <utility>
+
+#include "platform/IgnoreCase.h"
 
 namespace zelorgas {
 namespace {
@@ -96,13 +97,12 @@ constexpr auto kParameters = std::to_array<Parameter>({
 
 // Levenshtein distance without regard to case, one row of the table at a time.
 std::size_t EditDistance(std::string_view a, std::string_view b) {
-  const auto upper = [](char c) { return std::toupper(static_cast<unsigned char>(c)); };
   std::vector<std::size_t> row(b.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (std::size_t i = 0; i < a.size(); ++i) {
     std::size_t diagonal = std::exchange(row[0], i + 1);
     for (std::size_t j = 0; j < b.size(); ++j) {
-      const std::size_t replaced = diagonal + (upper(a[i]) == upper(b[j]) ? 0U : 1U);
+      const std::size_t replaced = diagonal + (ToLower(a[i]) == ToLower(b[j]) ? 0U : 1U);
       diagonal = row[j + 1];
       row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
     }

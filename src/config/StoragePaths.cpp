@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "config/Utf8Text.h"
+#include "platform/ControlCharacters.h"
 #include "platform/FileSystem.h"
 #include "platform/IgnoreCase.h"
 #include "platform/LocalTime.h"
@@ -36,11 +37,6 @@ bool IsDeviceName(std::string_view name) {
   return std::ranges::any_of(kNumberedDevices, [stem](std::string_view device) {
     return EqualIgnoringCase(stem.substr(0, kLength), device);
   });
-}
-
-bool IsControl(char c) {
-  const auto code = static_cast<unsigned char>(c);
-  return code < 0x20 || code == 0x7F;
 }
 
 }  // namespace
@@ -102,8 +98,7 @@ std::optional<std::filesystem::path> StorageFile(const std::filesystem::path& fo
   if (!problem.empty()) return std::nullopt;
   std::string file(name);
   const bool has_extension =
-      file.size() > extension.size() &&
-      EqualIgnoringCase(std::string_view(file).substr(file.size() - extension.size()), extension);
+      file.size() > extension.size() && EndsWithIgnoringCase(file, extension);
   if (!has_extension) file += extension;
   return folder / PathFromText(file);
 }

@@ -7,17 +7,6 @@
 #include "platform/FileSystem.h"
 
 namespace zelorgas {
-namespace {
-
-bool CreateFolderOf(const std::filesystem::path& path, Message& reason) {
-  if (!path.has_parent_path()) return true;
-  Message problem;
-  if (CreateFolders(path.parent_path(), problem)) return true;
-  reason = {FixedText::Of("Cannot create %1: %2"), PathText(path.parent_path()), problem};
-  return false;
-}
-
-}  // namespace
 
 bool WriteRecording(const ScopeTraces& traces, const std::filesystem::path& path, Message& reason) {
   XmlDocument document = RecordingDocument(traces);

@@ -6,7 +6,6 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::uint16_t kFirstTitle = 1432;
 constexpr std::uint16_t kTemporaryNames = 1448;
 constexpr std::uint16_t kTemporaryDescriptions = 1480;
 constexpr std::uint16_t kPermanentNames = 1512;
@@ -55,9 +54,8 @@ struct TextRun {
 constexpr std::array<FixedText, 1> kRequestFailed{
     FixedText::Of("Error while loading installation information!\nPlease try again!")};
 constexpr std::array<FixedText, 2> kTitles{FixedText::Of("Temporary"), FixedText::Of("Permanent")};
-constexpr std::array<TextRun, 6> kRuns{{
+constexpr std::array<TextRun, 5> kRuns{{
     {kErrorRequestFailedText, kRequestFailed},
-    {kFirstTitle, kTitles},
     {kTemporaryNames, kTemporaryTexts},
     {kTemporaryDescriptions, kTemporaryDescriptionTexts},
     {kPermanentNames, kPermanentTexts},

@@ -1,5 +1,5 @@
-// The error codes that the ECU counts, in its two banks, and their texts by the numbers under which
-// a language module translates them. Constant data; any thread may read it.
+// The error codes that the ECU counts, in its two banks, and their texts. A number only names a
+// text here; a translation goes by its English words. Constant data; any thread may read it.
 #pragma once
 
 #include <cstdint>

@@ -13,7 +13,8 @@ struct ApplicationStartHooks {
   // The bootloader does not leave by itself: the person has to switch the ignition off and on.
   // Called once at most.
   std::function<void()> ignition_needed = {};
-  // Asked between two exchanges and at least ten times a second; true ends the waiting.
+  // True ends the waiting. Asked ten times a second while the line is left quiet; a try without an
+  // answer takes two seconds, in which it is not asked.
   std::function<bool()> stop_wanted = {};
 };
 

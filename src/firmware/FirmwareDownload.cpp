@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "app/LinkSession.h"
 #include "firmware/LinkPreparation.h"
 #include "platform/FileSystem.h"
 
@@ -101,14 +102,12 @@ FirmwareDownload::Outcome FirmwareDownload::Tell(const End& end) {
 FirmwareDownload::End FirmwareDownload::InFlashMode(const std::function<End(mbFlasher&)>& work) {
   mbFlasher flasher(&document_.Link(),
                     [this](std::chrono::milliseconds time) { document_.SleepSliced(time); });
-  flash_open_ = true;
   End end = flasher.SetFlashMode(true) == ModbusResult::kOk ? work(flasher) : LinkDown(flasher);
   ModbusResult result = flasher.SetFlashMode(false);
   // An open flash is worth a second round, unless nobody is there.
   if (result != ModbusResult::kOk && !document_.Link().PortLost()) {
     result = flasher.SetFlashMode(false);
   }
-  flash_open_ = false;
   if (result == ModbusResult::kOk) return end;
   if (end.GoOn()) end = {.outcome = Outcome::kFailed, .result = result};
   end.flash_mode_stays = true;

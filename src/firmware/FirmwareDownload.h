@@ -7,7 +7,6 @@
 // port may be open or closed; it is left open.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -62,9 +61,6 @@ class FirmwareDownload {
   Outcome Erase(const EcuIdentity& ecu);
   Outcome Program(const std::filesystem::path& image, const EcuIdentity& ecu);
 
-  // True from the order to switch flash mode on until it is off again: a dialog that is closed now
-  // would leave the ECU like this. Any thread.
-  [[nodiscard]] bool FlashOpen() const { return flash_open_; }
   // True once the last update has begun to erase: when it has failed then, the ECU may be without
   // firmware.
   [[nodiscard]] bool FlashChanged() const { return flash_changed_; }
@@ -112,7 +108,6 @@ class FirmwareDownload {
   ClpgecuDoc& document_;
   MessageBoxes& boxes_;
   const FirmwareHooks hooks_;
-  std::atomic<bool> flash_open_{false};
   bool application_left_ = false;
   bool flash_changed_ = false;
   ModbusResult failure_result_ = ModbusResult::kOk;

@@ -1,7 +1,6 @@
 #include "firmware/FirmwareImages.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <system_error>
 
@@ -20,20 +19,12 @@ constexpr std::string_view kExtension = ".ebi";
 bool IsImageName(std::string_view name) {
   return name.size() >= kNameStart.size() + kExtension.size() &&
          EqualIgnoringCase(name.substr(0, kNameStart.size()), kNameStart) &&
-         EqualIgnoringCase(name.substr(name.size() - kExtension.size()), kExtension);
-}
-
-std::string VersionText(Version version) {
-  std::array<char, 8> text{};
-  std::snprintf(text.data(), text.size(), "%02d.%02d", version.major, version.minor);
-  return text.data();
+         EndsWithIgnoringCase(name, kExtension);
 }
 
 // The name is the revision text that the firmware's bootloader answers, in any case.
 std::optional<Version> VersionOfName(std::string name) {
-  for (char& c : name) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
+  std::ranges::transform(name, name.begin(), ToUpper);
   const std::optional<Revision> revision = ParseRevision(name);
   if (!revision) return std::nullopt;
   return revision->software;
@@ -75,7 +66,7 @@ std::vector<FirmwareImage> FindFirmwareImages(const fs::path& folder) {
   for (FirmwareImage& image : images) {
     const std::string name = PathText(image.path.stem());
     const auto same = [&](const FirmwareImage& other) { return other.software == image.software; };
-    image.text = image.software ? VersionText(*image.software) : name;
+    image.text = image.software ? FormatVersion(*image.software) : name;
     if (image.software && std::ranges::count_if(images, same) > 1) image.text += " (" + name + ")";
   }
   return images;

@@ -1,8 +1,6 @@
 #include "firmware/LinkPreparation.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <utility>
 
 #include "app/EcuConnection.h"
@@ -15,10 +13,6 @@ constexpr std::uint16_t kEnterBootloaderCoil = 33;
 constexpr std::chrono::milliseconds kEnterTime{100};
 
 }  // namespace
-
-MoreAttempts::MoreAttempts(ModbusMaster& master) : master_(master), before_(master.AttemptCount()) {
-  master.SetAttemptCount(std::max(before_, LinkSession::kAttempts));
-}
 
 bool OpenForUpdate(ModbusSerialPort& link) {
   return (link.IsOpen() && !link.PortLost()) || link.Open(0, 0, 255);
@@ -50,10 +44,7 @@ IdentifyOutcome CheckUpdateTarget(ClpgecuDoc& document, const EcuIdentity& ident
 
 Message NameOfTarget(const EcuIdentity& identity) {
   if (identity.bootloader) return {FixedText::Of("bootloader %1"), identity.revision};
-  std::array<char, 8> version{};
-  std::snprintf(version.data(), version.size(), "%02d.%02d", identity.software.major,
-                identity.software.minor);
-  Message software(FixedText::Of("software %1"), version.data());
+  Message software(FixedText::Of("firmware %1"), FormatVersion(identity.software));
   if (!identity.serial) return software;
   Message name = Message::Verbatim(FormatSerialNumber(*identity.serial));
   name.Append(", ", std::move(software));
@@ -63,6 +54,7 @@ Message NameOfTarget(const EcuIdentity& identity) {
 IdentifyOutcome PrepareLink(ClpgecuDoc& document, EcuIdentity& identity) {
   ModbusSerialPort& link = document.Link();
   if (!OpenForUpdate(link)) return {ModbusResult::kPortNotOpen, kPortBusy};
+  const MoreAttempts attempts(link);
   // An ECU that restarts at once has no time to answer. What it has become shows below.
   static_cast<void>(link.WriteSingleCoil(ECU_SLAVE_ADDRESS, kEnterBootloaderCoil, 1));
   document.SleepSliced(kEnterTime);

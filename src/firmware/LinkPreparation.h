@@ -15,19 +15,6 @@ namespace zelorgas {
 // Opens the port if it is not open or was unplugged; false as Open says it.
 [[nodiscard]] bool OpenForUpdate(ModbusSerialPort& link);
 
-// Lets every exchange be tried as often as a page's; undoes it when it goes.
-class MoreAttempts {
- public:
-  explicit MoreAttempts(ModbusMaster& master);
-  MoreAttempts(const MoreAttempts&) = delete;
-  MoreAttempts& operator=(const MoreAttempts&) = delete;
-  ~MoreAttempts() { master_.SetAttemptCount(before_); }
-
- private:
-  ModbusMaster& master_;
-  const std::uint16_t before_;
-};
-
 // Whom an update is about to change: vendor, product and mode, and of an application also its
 // versions and serial number. A bootloader is told to stay one. Opens the document's port if it is
 // not open or was unplugged. The messages of a failure are the connection's.
@@ -40,7 +27,7 @@ inline constexpr FixedText kAnotherTarget =
 // with kAnotherTarget, or as FindUpdateTarget does.
 IdentifyOutcome CheckUpdateTarget(ClpgecuDoc& document, const EcuIdentity& identity);
 
-// "ECU123456, software 00.39" or "bootloader P42V0T39M1B7": an ECU in a question.
+// "ECU123456, firmware 00.39" or "bootloader P42V0T39M1B7": an ECU in a question.
 [[nodiscard]] Message NameOfTarget(const EcuIdentity& identity);
 
 // Opens the document's port if it is not open or was unplugged, orders the ECU into its bootloader

@@ -8,7 +8,7 @@
 namespace zelorgas {
 namespace {
 
-constexpr std::uint8_t kErased = 0xFF;
+constexpr std::uint8_t kErasedByte = 0xFF;
 
 // Holding registers.
 constexpr std::uint16_t kAddressRegister = 0;
@@ -50,7 +50,7 @@ mbFlasher::mbFlasher(ModbusMaster* master, Pause pause)
     : master_(master), pause_(std::move(pause)) {}
 
 bool mbFlasher::IsBlank(std::span<const std::uint8_t> data) {
-  return std::ranges::all_of(data, [](std::uint8_t byte) { return byte == kErased; });
+  return std::ranges::all_of(data, [](std::uint8_t byte) { return byte == kErasedByte; });
 }
 
 bool mbFlasher::Check(ModbusResult result) {
@@ -145,7 +145,7 @@ std::uint32_t mbFlasher::StatusMask() {
 
 bool mbFlasher::LoadBuffer(std::uint16_t first_register, std::span<const std::uint8_t> bytes) {
   std::array<std::uint8_t, kHalfPage> half{};
-  half.fill(kErased);
+  half.fill(kErasedByte);
   std::ranges::copy(bytes, half.begin());
   std::array<std::uint16_t, kHalfPageRegisters> words{};
   for (std::size_t i = 0; i < words.size(); ++i) {

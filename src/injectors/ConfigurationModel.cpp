@@ -83,17 +83,15 @@ bool ConfigurationModel::Write(const std::vector<RegisterWrite>& writes) {
     return true;
   };
   if (write_all()) return true;
+  // The ECU may have taken it and only its answers were lost.
+  document_.RequestRefresh();
   boxes_.Inform(kParameterNotLoaded, MessageIcon::kError);
   return false;
 }
 
 bool ConfigurationModel::WriteParameter(const Parameter& parameter, std::uint16_t value) {
   const std::uint16_t word = document_.Snapshot().RegisterCopy(parameter.Register());
-  if (!Write({{parameter.Register(), parameter.PutInto(word, value)}})) {
-    // The ECU may have taken it and only its answers were lost.
-    document_.RequestRefresh();
-    return false;
-  }
+  if (!Write({{parameter.Register(), parameter.PutInto(word, value)}})) return false;
   if (parameter.name == "NOZZLEDIAM") ShowNozzleOfEcu();
   return true;
 }

@@ -90,7 +90,8 @@ class ConfigurationModel {
     return MissingParts(vehicle).empty();
   }
 
-  // Which of the two routing maps a stored file carries. An index past them is ignored.
+  // Which of the two routing maps a stored file carries, and a loaded file replaces. An index past
+  // them is ignored.
   void SelectRoutingMap(unsigned index) {
     if (index < kRoutingMapCount) document_.SelectRoutingMap(index);
   }

@@ -20,8 +20,7 @@ void EncodeAsciiFrame(std::span<const std::uint8_t> unit, std::vector<std::uint8
 // Checks a received frame and decodes at most unit.size() bytes of it (address, function, data)
 // into `unit`; `unit_length` is how many.
 //   kCrcError          fewer than 5 characters, an even number of them, no ":" in front, no CR LF
-//   at the end, or the LRC does
-//                      not match
+//                      at the end, or the LRC does not match
 //   0x8000 + code      the function byte is 0x81 or more: the ECU's exception
 //   kInvalidResponse   an exception frame too short to hold its code
 // A character that is not an upper-case hexadecimal digit counts as 0, which the LRC then finds

@@ -152,14 +152,15 @@ ModbusResult ModbusSerialPort::Exchange(std::span<const std::uint8_t> request,
     result = open_framing_ == FramingMode::kAscii
                  ? ExchangeAscii(request, response, received_length)
                  : ExchangeRtu(request, response, expected_length, received_length);
-    if (result == ModbusResult::kTimeOut || result == ModbusResult::kReadError) {
-      answer_owed_ = true;
-    } else if (result == ModbusResult::kOk && answer_owed_) {
+    if (result == ModbusResult::kOk && answer_owed_) {
       if (MoreFollows(expected_length)) {
         result = ModbusResult::kInvalidResponse;
       } else {
         answer_owed_ = false;
       }
+    } else if (result != ModbusResult::kOk && !IsException(result)) {
+      // Whatever came, noise or an echo once more, the ECU's own answer may still be to come.
+      answer_owed_ = true;
     }
     if (trace_) trace_({FrameTrace::Direction::kReceived, clock_.Now(), answer_, result});
   }

@@ -40,7 +40,8 @@ class ModbusSerialPort : public ModbusMaster {
   using Milliseconds = std::chrono::milliseconds;
   using TraceSink = std::function<void(const FrameTrace&)>;
 
-  // `opener` opens a port by its name; `clock` times the waits. Both must outlive the port.
+  // `opener` opens a port by its name; `clock` times the waits. It and what the opener refers to
+  // outlive the port.
   ModbusSerialPort(SerialOpener opener, Clock& clock);
   ~ModbusSerialPort() override;
 

@@ -23,8 +23,7 @@ void EncodeRtuFrame(std::span<const std::uint8_t> unit, std::vector<std::uint8_t
 // `expected_length` is the response's length without CRC, or 0 when it is not known: then the CRC
 // of everything received, its CRC included, must be 0.
 //   kCrcError       the CRC does not match. A shorter answer whose own CRC is good is kOk: that of
-//   a
-//                   FIFO or an identification is only bounded
+//                   a FIFO or an identification is only bounded
 //   0x8000 + code   byte 1 is 0x81 or more: the ECU's exception
 [[nodiscard]] ModbusResult DecodeRtuFrame(std::span<const std::uint8_t> buffer,
                                           std::size_t received, std::size_t expected_length,

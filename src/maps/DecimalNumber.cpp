@@ -1,41 +1,20 @@
 #include "maps/DecimalNumber.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstdint>
 #include <limits>
 #include <string>
 #include <system_error>
 
+#include "config/ConfigurationNumbers.h"
+
 namespace zelorgas {
 namespace {
 
-// Far above what the arithmetic of an edit loses, far below a digit that anybody types.
-constexpr double kRoundingLoss = 1e-9;
-
-// Of the first digit that counts, in powers of ten: 2 for "0123.4", -3 for "0.001".
-std::int64_t DecimalOrder(std::string_view number) {
-  const std::size_t mantissa_end = std::min(number.find_first_of("eE"), number.size());
-  const std::string_view mantissa = number.substr(0, mantissa_end);
-  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
-  const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
-  const std::int64_t order = first < point ? point - first - 1 : point - first;
-  std::string_view typed = number.substr(std::min(mantissa_end + 1, number.size()));
-  if (typed.starts_with('+')) typed.remove_prefix(1);
-  std::int64_t exponent = 0;
-  if (std::from_chars(typed.data(), typed.data() + typed.size(), exponent).ec ==
-      std::errc::result_out_of_range) {
-    return typed.starts_with('-') ? -1 : 1;
-  }
-  // No mantissa is so long that it would make up for more.
-  constexpr std::int64_t kMuch = std::int64_t{1} << 60;
-  return order + std::clamp(exponent, -kMuch, kMuch);
-}
-
 // What from_chars leaves to us when the number does not fit a double.
 double OutOfRange(std::string_view number, bool negative) {
-  if (DecimalOrder(number) < 0) return 0;
+  if (IsBelowDoubles(number)) return 0;
   const double largest = std::numeric_limits<double>::max();
   return negative ? -largest : largest;
 }
@@ -64,14 +43,6 @@ std::string_view Trimmed(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
   text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
   return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
-std::string FormatFixed(double value, int decimals) {
-  // The longest double has 309 digits before its point.
-  std::array<char, 352> text{};
-  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,
-                                          std::chars_format::fixed, decimals);
-  return error == std::errc() ? std::string(text.data(), end) : std::string();
 }
 
 std::uint16_t TruncatedWord(double value, double scale) {

@@ -5,10 +5,12 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace zelorgas {
+
+// Far above what the arithmetic of an edit loses or adds, far below a digit that anybody types.
+inline constexpr double kRoundingLoss = 1e-9;
 
 // The number that is the whole text; blanks before it and a sign are taken. Nothing for a text that
 // is no number, goes on after it, or says "inf" or "nan". A number too large for a double is the
@@ -17,9 +19,6 @@ namespace zelorgas {
 
 // Without the blanks at both ends.
 [[nodiscard]] std::string_view Trimmed(std::string_view text);
-
-// As "%.2f" for `decimals` 2.
-[[nodiscard]] std::string FormatFixed(double value, int decimals);
 
 // value x scale without its fraction, as a register word; 0 or 65535 for what no word holds. The
 // decimal number counts, not its binary form: 1.15 x 100 is 115, though a hair less in binary, and

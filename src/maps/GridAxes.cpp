@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "config/ConfigurationBlock.h"
+#include "config/ConfigurationNumbers.h"
 #include "maps/DecimalNumber.h"
 
 namespace zelorgas {

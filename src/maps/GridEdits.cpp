@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "maps/DecimalNumber.h"
+
 namespace zelorgas {
 namespace {
-
-// What the arithmetic of an edit may add to a bound without having left the range.
-constexpr double kRoundingLoss = 1e-9;
 
 double At(const GridMatrix& matrix, GridCell cell) { return matrix[cell.row][cell.column]; }
 

@@ -1,6 +1,6 @@
 #include "maps/TpsRegisters.h"
 
-#include "maps/DecimalNumber.h"
+#include "config/ConfigurationNumbers.h"
 
 namespace zelorgas {
 namespace {

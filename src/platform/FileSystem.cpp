@@ -199,6 +199,14 @@ bool CreateFolders(const fs::path& folder, Message& reason) {
   return synced;
 }
 
+bool CreateFolderOf(const fs::path& path, Message& reason) {
+  if (!path.has_parent_path()) return true;
+  Message problem;
+  if (CreateFolders(path.parent_path(), problem)) return true;
+  reason = {FixedText::Of("Cannot create %1: %2"), PathText(path.parent_path()), problem};
+  return false;
+}
+
 bool WriteWholeFile(const fs::path& path, std::string_view contents, Message& reason) {
   return WriteWholeFileWith(*MakeFileOperations(), path, contents, reason);
 }

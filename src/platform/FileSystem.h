@@ -42,6 +42,8 @@ inline constexpr std::uintmax_t kLargestWholeFile = 16U << 20U;
 // Makes the folder and those on the way to it that do not exist, and returns when a power failure
 // cannot take them away. False, with the reason, when it could not.
 [[nodiscard]] bool CreateFolders(const std::filesystem::path& folder, Message& reason);
+// The same for the folder that the file at `path` is to stand in, which the reason then names.
+[[nodiscard]] bool CreateFolderOf(const std::filesystem::path& path, Message& reason);
 
 // The single operations behind WriteWholeFile, so that a test can let each of them fail. Reasons
 // are the system's words.

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "platform/ControlCharacters.h"
 #include "platform/IgnoreCase.h"
 
 namespace zelorgas {
@@ -15,11 +16,6 @@ constexpr std::string_view kBlanks = " \t\r";
 constexpr std::string_view kCommentMarks = ";#";
 constexpr char kQuote = '"';
 constexpr int kHex = 16;
-
-bool IsControl(char c) {
-  const auto code = static_cast<unsigned char>(c);
-  return code < ' ' || code == 0x7F;
-}
 
 std::string_view Trim(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kBlanks);

@@ -5,12 +5,12 @@
 
 #include "platform/PortList.h"
 #include "platform/PortOrder.h"
+#include "platform/SerialMapWin32.h"
 #include "platform/WideText.h"
 
 namespace zelorgas {
 namespace {
 
-constexpr const wchar_t* kSerialMap = L"HARDWARE\\DEVICEMAP\\SERIALCOMM";
 constexpr std::size_t kLongestName = 16384;  // of a registry value
 constexpr std::size_t kLongestPort = 256;
 

@@ -51,7 +51,10 @@ class PortWatcherLinux final : public PortWatcher {
   void Run() {
     while (!failure_) {
       std::array<pollfd, 2> waits = {{{stop_.Get(), POLLIN, 0}, {changes_.Get(), POLLIN, 0}}};
-      if (RetryInterrupted([&] { return ::poll(waits.data(), waits.size(), -1); }) < 0) return;
+      if (RetryInterrupted([&] { return ::poll(waits.data(), waits.size(), -1); }) < 0) {
+        failure_ = PortWatchEvent::kTrackingFailed;
+        break;
+      }
       if (waits[0].revents != 0) return;
       if (TakeChanges()) notify_(PortWatchEvent::kChanged);
     }

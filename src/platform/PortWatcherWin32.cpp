@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "platform/PortWatchWin32.h"
+#include "platform/SerialMapWin32.h"
 #include "platform/Win32Handle.h"
 
 namespace zelorgas {
 namespace {
 
-constexpr const wchar_t* kSerialMap = L"HARDWARE\\DEVICEMAP\\SERIALCOMM";
 constexpr DWORD kAllChanges = REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_ATTRIBUTES |
                               REG_NOTIFY_CHANGE_LAST_SET | REG_NOTIFY_CHANGE_SECURITY;
 
@@ -72,7 +72,8 @@ class PortWatcherWin32 final : public PortWatcher {
     while (asked) {
       const DWORD result = ::WaitForMultipleObjects(static_cast<DWORD>(events.size()),
                                                     events.data(), FALSE, INFINITE);
-      if (result != WAIT_OBJECT_0 + 1) return;
+      if (result == WAIT_OBJECT_0) return;
+      if (result != WAIT_OBJECT_0 + 1) break;
       // Asked for again before the list is read: a change meanwhile is not lost.
       ::ResetEvent(changed.Get());
       asked = key.NotifyChange(changed.Get());

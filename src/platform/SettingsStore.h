@@ -1,5 +1,6 @@
 // The person's own settings, by section and key: the registry under "Tarnwick" on Windows, an INI
-// file with the same sections and keys elsewhere. Used by the user-interface thread.
+// file with the same sections and keys elsewhere. Used by one thread, the window's or the command
+// line's.
 #pragma once
 
 #include <memory>
@@ -12,7 +13,8 @@ class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
 
-  // `fallback` when there is no such value, or it is of the other type.
+  // `fallback` when there is no such value, or it is of the other type. An INI file keeps only
+  // texts: there every value is a text too, and one that is a whole number is an integer too.
   [[nodiscard]] virtual int ReadInteger(std::string_view section, std::string_view key,
                                         int fallback) const = 0;
   [[nodiscard]] virtual std::string ReadString(std::string_view section, std::string_view key,

@@ -1,26 +1,20 @@
 #include "sim/EcuSimOptions.h"
 
 #include <algorithm>
-#include <charconv>
 #include <string_view>
+
+#include "sim/ParseWhole.h"
 
 namespace zelorgas {
 namespace {
-
-template <typename Number>
-bool Parse(std::string_view text, Number& number) {
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  return !text.empty() && error == std::errc{} && stop == end;
-}
 
 // "0.39"
 bool ParseVersion(std::string_view text, std::uint8_t& major, std::uint8_t& minor) {
   const std::size_t dot = text.find('.');
   std::uint8_t first = 0;
   std::uint8_t second = 0;
-  if (dot == std::string_view::npos || !Parse(text.substr(0, dot), first) ||
-      !Parse(text.substr(dot + 1), second)) {
+  if (dot == std::string_view::npos || !ParseWhole(text.substr(0, dot), first) ||
+      !ParseWhole(text.substr(dot + 1), second)) {
     return false;
   }
   major = first;
@@ -37,7 +31,7 @@ bool TakeValue(std::string_view option, const std::string& value, EcuSimOptions&
     return ParseVersion(value, options.ecu.hardware_major, options.ecu.hardware_minor);
   }
   if (option == "--seed") {
-    const bool understood = Parse(value, options.ecu.seed);
+    const bool understood = ParseWhole(value, options.ecu.seed);
     options.line.seed = options.ecu.seed;
     return understood;
   }

@@ -1,6 +1,7 @@
 #include <array>
 #include <string_view>
 
+#include "config/BlockCells.h"
 #include "config/Parameters.h"
 #include "sim/SimulatedEcu.h"
 
@@ -12,7 +13,7 @@ struct Setting {
   std::uint16_t value;
 };
 
-// A two-litre four-cylinder car on LPG with a manifold sensor and one lambda probe.
+// A two-litre four-cylinder car on LPG with a manifold sensor and two lambda probes.
 constexpr auto kSettings = std::to_array<Setting>({
     {"TEMP_COLD_ENG", 20},
     {"DELAY_COLD_ENG", 60},
@@ -103,23 +104,14 @@ void FillThrottleTable(ConfigurationBlock& block, std::size_t first, int correct
   block[first + 4 * kBands] = 3;
 }
 
-// Byte `byte` of the routing data: the low byte of a word comes first.
-void SetRoutingByte(ConfigurationBlock& block, std::size_t byte, unsigned value) {
-  std::uint16_t& word = block[block_layout::kRoutingMaps + byte / 2];
-  word = static_cast<std::uint16_t>(word | (byte % 2 == 0 ? value : value << 8U));
-}
-
 // Each petrol injector drives the gas injector of its own cylinder, in both maps.
 void FillRouting(ConfigurationBlock& block) {
-  constexpr std::size_t kInjectors = 6;
-  constexpr std::size_t kMapBytes = kInjectors * kInjectors;
-  constexpr std::size_t kSwappedBytes = 2 * kMapBytes;
-  constexpr std::size_t kSetBytes = kSwappedBytes + kInjectors;
-  for (unsigned i = 0; i < kInjectors; ++i) {
-    SetRoutingByte(block, i * kInjectors + i, 1);
-    SetRoutingByte(block, kMapBytes + i * kInjectors + i, 1);
-    SetRoutingByte(block, kSwappedBytes + i, i);
-    SetRoutingByte(block, kSetBytes + i, 1U << i);
+  for (std::size_t i = 0; i < kRoutingInjectors; ++i) {
+    for (std::size_t map = 0; map < kRoutingMaps; ++map) {
+      SetBlockByte(block, RoutingByte(map, i, i), 1);
+    }
+    SetBlockByte(block, kFirstSwappedByte + i, static_cast<std::uint8_t>(i));
+    SetBlockByte(block, kFirstSetByte + i, static_cast<std::uint8_t>(1U << i));
   }
 }
 

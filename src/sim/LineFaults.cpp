@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+
+#include "sim/ParseWhole.h"
 
 namespace zelorgas {
 namespace {
@@ -33,14 +34,6 @@ constexpr auto kNames = std::to_array<FaultName>({
     {"unplug", FaultKind::kUnplug, 0,
      "the adapter is pulled out after the request and so many characters of the answer"},
 });
-
-// The whole of `text` as a number.
-template <typename Number>
-bool Parse(std::string_view text, Number& number) {
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  return error == std::errc{} && stop == end;
-}
 
 bool TakePrefix(std::string_view& text, std::string_view prefix) {
   if (!text.starts_with(prefix)) return false;
@@ -92,7 +85,7 @@ bool LineFaults::Add(std::string_view text) {
   std::optional<unsigned> parameter;
   if (const std::size_t equals = name.find('='); equals != std::string_view::npos) {
     unsigned value = 0;
-    if (!Parse(name.substr(equals + 1), value)) return false;
+    if (!ParseWhole(name.substr(equals + 1), value)) return false;
     parameter = value;
     name = name.substr(0, equals);
   }
@@ -102,11 +95,12 @@ bool LineFaults::Add(std::string_view text) {
   Rule rule{.fault = {known->kind, parameter.value_or(known->default_parameter)}};
   bool understood = false;
   if (TakePrefix(when, "every")) {
-    understood = Parse(when, rule.every) && rule.every > 0;
+    understood = ParseWhole(when, rule.every) && rule.every > 0;
   } else if (TakePrefix(when, "p")) {
-    understood = Parse(when, rule.probability) && rule.probability > 0 && rule.probability <= 1;
+    understood =
+        ParseWhole(when, rule.probability) && rule.probability > 0 && rule.probability <= 1;
   } else {
-    understood = Parse(when, rule.at) && rule.at > 0;
+    understood = ParseWhole(when, rule.at) && rule.at > 0;
   }
   if (understood) rules_.push_back(rule);
   return understood;

@@ -314,8 +314,8 @@ ECU: %1</source>
         <translation>%1 от %2</translation>
     </message>
     <message>
-        <source>Do not unplug the cable and do not switch the ignition off now. The window closes when the update has ended.</source>
-        <translation>Сега не вадете кабела и не изключвайте контакта. Прозорецът се затваря, когато обновяването свърши.</translation>
+        <source>Do not unplug the cable and do not switch the ignition off now. The window can be closed again when this has ended.</source>
+        <translation>Сега не вадете кабела и не изключвайте контакта. Прозорецът може да се затвори отново, когато това свърши.</translation>
     </message>
     <message>
         <source>The new firmware is in the ECU.</source>
@@ -1085,7 +1085,7 @@ The firmware update offers it for the simulated ECU only.</source>
         <translation>&amp;Газ</translation>
     </message>
     <message>
-        <source>&amp;Brand folder</source>
+        <source>Folder of the &amp;make</source>
         <translation>Папка на &amp;марката</translation>
     </message>
     <message>
@@ -1395,8 +1395,8 @@ Do you want to replace it?</source>
         <translation>Грешки</translation>
     </message>
     <message>
-        <source>&amp;Refresh</source>
-        <translation>&amp;Обнови</translation>
+        <source>&amp;Read errors again</source>
+        <translation>П&amp;рочети отново грешките</translation>
     </message>
     <message>
         <source>Reads the stored errors from the ECU again</source>
@@ -1740,8 +1740,8 @@ Register %2</source>
         <translation>Автомобил</translation>
     </message>
     <message>
-        <source>Kept with the notes of a stored configuration.</source>
-        <translation>Пази се с бележките на запазената конфигурация.</translation>
+        <source>Make, model and engine are kept with the notes of a stored configuration.</source>
+        <translation>Марката, моделът и двигателят се пазят с бележките на запазената конфигурация.</translation>
     </message>
     <message>
         <source>Vehicle make</source>
@@ -1776,8 +1776,8 @@ Register %2</source>
         <translation>Карта %1</translation>
     </message>
     <message>
-        <source>Which of the ECU&apos;s injector routing maps a stored file carries</source>
-        <translation>Коя от картите на инжекторите в контролера съдържа запазеният файл</translation>
+        <source>Which of the ECU&apos;s two injector routing maps a stored file carries, and a loaded file replaces</source>
+        <translation>Коя от двете карти на инжекторите в контролера съдържа запазеният файл и заменя зареденият файл</translation>
     </message>
 </context>
 <context>
@@ -2775,8 +2775,8 @@ Nothing has been erased. Please try again.</source>
         <translation>зареждаща програма %1</translation>
     </message>
     <message>
-        <source>software %1</source>
-        <translation>софтуер %1</translation>
+        <source>firmware %1</source>
+        <translation>фърмуер %1</translation>
     </message>
     <message>
         <source>Custom</source>
@@ -3055,8 +3055,8 @@ Nothing has been erased.</source>
 Нищо не е изтрито.</translation>
     </message>
     <message>
-        <source>Another ECU answers. Connecting to it...</source>
-        <translation>Отговаря друг контролер. Свързване с него...</translation>
+        <source>Another ECU has answered; the program is connected to it now.</source>
+        <translation>Отговори друг контролер; програмата вече е свързана с него.</translation>
     </message>
     <message>
         <source>What the ECU held before its firmware was updated is stored in

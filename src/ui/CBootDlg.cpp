@@ -298,7 +298,7 @@ void CBootDlg::customEvent(QEvent*) { calls_.Run(); }
 
 void CBootDlg::Begin(std::optional<std::filesystem::path> image) {
   ShowPhase(Phase::kUpdating, tr("Do not unplug the cable and do not switch the ignition off now. "
-                                 "The window closes when the update has ended."));
+                                 "The window can be closed again when this has ended."));
   ShowNoProgress(/*busy=*/false);
   outcome_ = Outcome::kFailed;
   found_running_ = application_left_ = erased_ = programmed_ = application_runs_ = false;

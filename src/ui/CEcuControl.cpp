@@ -46,9 +46,10 @@ void CEcuControl::SynchronizeAfterRestart() {
 
 void CEcuControl::ConnectAnew() {
   RunOnThisEcu([this] {
-    boxes_.Status(FixedText::Of("Another ECU answers. Connecting to it..."));
     DisconnectNow();
     ConnectNow(std::string(port_name_), QString(port_text_));
+    if (state_ != State::kConnected) return;
+    boxes_.Status(FixedText::Of("Another ECU has answered; the program is connected to it now."));
   });
 }
 
@@ -146,12 +147,17 @@ void CEcuControl::DisconnectNow() {
 
 void CEcuControl::SynchronizeNow() {
   boxes_.Status(kRestartNotice);
-  const ModbusResult result = WriteBackAfterRestart(document_);
+  bool same = true;
+  const ModbusResult result = WriteBackAfterRestart(document_, same);
+  // The polling finds another ECU as well, and what follows says so.
+  if (!same) return;
   if (result == ModbusResult::kOk) {
     boxes_.Status(FixedText::Of("The data have been synchronized."));
   } else {
-    boxes_.Status({FixedText::Of("The data could not be synchronized: %1"),
-                   document_.Link().ErrorText(result)});
+    const Message problem{FixedText::Of("The data could not be synchronized: %1"),
+                          document_.Link().ErrorText(result)};
+    boxes_.Status(problem);
+    WhenIdle([this, problem] { boxes_.Inform(problem, MessageIcon::kError); });
   }
 }
 

@@ -74,7 +74,8 @@ class CEcuControl final : public QObject {
  signals:
   void StateChanged();
   void BusyChanged(bool busy);
-  // A stored configuration has been written to the ECU, in part perhaps. Emitted by who did it.
+  // The ECU has another configuration than before: a stored one was written, in part perhaps, or it
+  // came with a new firmware. Emitted by who did it.
   void ConfigurationLoaded();
 
  private:

@@ -62,9 +62,7 @@ CFileBrowser::CFileBrowser(const QString& object_name, std::filesystem::path roo
   layout->addWidget(splitter, 1);
   layout->addWidget(problem_);
   connect(tree_, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
-    if (item == nullptr) return;
-    ListFiles();
-    emit FolderChanged();
+    if (item != nullptr) ListFiles();
   });
   connect(list_, &QTreeWidget::currentItemChanged, this, &CFileBrowser::SelectionChanged);
   connect(list_, &QTreeWidget::itemActivated, this, &CFileBrowser::FileActivated);

@@ -33,7 +33,6 @@ class CFileBrowser final : public QWidget {
   void SelectFile(const std::filesystem::path& file);
 
  signals:
-  void FolderChanged();
   void SelectionChanged();
   // By Enter or a double click.
   void FileActivated();

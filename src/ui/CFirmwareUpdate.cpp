@@ -6,15 +6,14 @@
 #include <utility>
 
 #include "app/BackupProcedure.h"
-#include "app/LoadProcedure.h"
 #include "app/PortListModel.h"
 #include "config/StoragePaths.h"
 #include "firmware/LinkPreparation.h"
 #include "platform/FileSystem.h"
 #include "ui/CBootDlg.h"
 #include "ui/CEcuControl.h"
-#include "ui/CProgressDlg.h"
 #include "ui/IdentityText.h"
+#include "ui/LoadWithProgress.h"
 #include "ui/SimulatedBench.h"
 #include "ui/Text.h"
 
@@ -64,7 +63,8 @@ FirmwareUpdate::End CFirmwareUpdate::Start(bool in_bootloader) {
     return in_bootloader ? End::kNotRunning : End::kUntouched;
   }
   boxes_.Status(FixedText::Of("Firmware update"));
-  updated_ = false;
+  updated_.reset();
+  target_ = ecu.serial;
   asked_.clear();
   CBootDlg dialog(document_, boxes_,
                   {[this] { return FindImages(); },
@@ -75,7 +75,9 @@ FirmwareUpdate::End CFirmwareUpdate::Start(bool in_bootloader) {
   dialog.exec();
   // The end of the session closes the dialog, and not what it does.
   dialog.WaitForEnd();
-  updated_ = dialog.Programmed();
+  if (dialog.Programmed()) {
+    updated_ = {document_.Link().PortName(), target_, dialog.End() == End::kUpdated};
+  }
   return dialog.End();
 }
 
@@ -109,7 +111,13 @@ void CFirmwareUpdate::Keep(const std::string& key, std::string_view value) {
   static_cast<void>(store_.WriteString(kBackupSection, key, value));
 }
 
+bool CFirmwareUpdate::IsUpdated(const EcuIdentity& ecu) const {
+  return updated_ && updated_->port == document_.Link().PortName() &&
+         (!updated_->serial || updated_->serial == ecu.serial);
+}
+
 bool CFirmwareUpdate::Store(const EcuIdentity& ecu) {
+  target_ = ecu.serial;
   Message problem;
   const auto file = BackUpConfiguration(
       document_, BackupFolder(working_folder_),
@@ -144,11 +152,14 @@ void CFirmwareUpdate::FollowConnection(CEcuControl& control) {
   // What has read it may have ended.
   if (control.CurrentState() != CEcuControl::State::kConnected) return;
   const std::string key = KeyOf(control.Identity());
-  if (std::exchange(updated_, false)) {
+  if (IsUpdated(control.Identity())) {
+    const bool runs = std::exchange(updated_, std::nullopt)->runs;
     boxes_.Status(FixedText::Of("The firmware has been updated."));
-    // A new firmware has given the ECU its serial number.
+    emit control.ConfigurationLoaded();
+    // A new firmware has given the ECU its serial number. One that is connected to later may be
+    // another.
     const std::string nameless = std::exchange(nameless_, "");
-    if (!nameless.empty() && Kept(key).empty()) {
+    if (runs && !nameless.empty() && Kept(key).empty()) {
       Keep(key, Kept(nameless));
       Keep(nameless, "");
     }
@@ -156,15 +167,16 @@ void CFirmwareUpdate::FollowConnection(CEcuControl& control) {
   const std::string backup = Kept(key);
   // After a load that failed the next connection of another run asks again.
   if (backup.empty() || backup == asked_) return;
-  control.RunOnThisEcu([this, key, backup] {
+  // Later: what the worker has reported is first shown to its end.
+  control.RunLaterOnThisEcu(&control, [this, &control, key, backup] {
     // The image may have been read twice before.
     if (backup == asked_) return;
     asked_ = backup;
-    if (Offer(backup)) Keep(key, "");
+    if (Offer(control, backup)) Keep(key, "");
   });
 }
 
-bool CFirmwareUpdate::Offer(std::string_view backup) {
+bool CFirmwareUpdate::Offer(CEcuControl& control, std::string_view backup) {
   const std::filesystem::path file = PathFromText(backup);
   if (!FileExists(file)) return true;
   const Message question(
@@ -174,21 +186,13 @@ bool CFirmwareUpdate::Offer(std::string_view backup) {
   const CloseWatch window(window_);
   if (!boxes_.Ask(question)) return !window.Closed();
   using Outcome = LoadResult::Outcome;
-  CProgressDlg progress(TranslatedMessage(FixedText::Of("Loading the configuration...")),
-                        /*can_cancel=*/false, window_);
-  const auto show = [&progress](TransferStage stage, std::size_t words) {
-    if (stage == TransferStage::kDone) {
-      progress.hide();
-    } else {
-      static_cast<void>(progress.Step(words, kBlockWords));
-    }
-  };
-  const LoadResult result = LoadProcedure(document_, boxes_, show)
-                                .Run({.file = file,
-                                      .backup_folder = BackupFolder(working_folder_),
-                                      .routing_map = 0,
-                                      .both_maps = FileExists(SecondMapFile(file))});
-  if (result.words_written > 0) document_.RequestRefresh();
+  const LoadResult result =
+      LoadWithProgress(document_, boxes_, control,
+                       {.file = file,
+                        .backup_folder = BackupFolder(working_folder_),
+                        .routing_map = 0,
+                        .both_maps = FileExists(SecondMapFile(file))},
+                       TranslatedMessage(FixedText::Of("Loading the configuration...")), window_);
   switch (result.outcome) {
     case Outcome::kLoaded:
     case Outcome::kDifferent:

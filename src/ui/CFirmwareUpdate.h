@@ -5,6 +5,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -47,13 +48,15 @@ class CFirmwareUpdate final : public FirmwareUpdate {
   [[nodiscard]] std::string KeyOf(const EcuIdentity& ecu) const;
   [[nodiscard]] std::string Kept(const std::string& key) const;
   void Keep(const std::string& key, std::string_view value);
+  // Whether `ecu`, on the open port, is the one that has a new firmware.
+  [[nodiscard]] bool IsUpdated(const EcuIdentity& ecu) const;
   // False when the configuration could not be stored.
   [[nodiscard]] bool Store(const EcuIdentity& ecu);
   // An update has ended: what it has kept is to be offered if it has begun to erase.
   void Settle(bool erased);
   // Offers what Kept gave. True when that is settled: the configuration was loaded, or is not
   // wanted.
-  bool Offer(std::string_view backup);
+  bool Offer(CEcuControl& control, std::string_view backup);
 
   // What an update that has not ended has kept.
   struct Unsettled {
@@ -62,12 +65,20 @@ class CFirmwareUpdate final : public FirmwareUpdate {
     bool nameless = false;  // of an ECU without a serial number
   };
 
+  // An ECU that has a new firmware.
+  struct Updated {
+    std::string port;
+    std::optional<std::uint32_t> serial;  // as far as it had said it before
+    bool runs = false;                    // so that it is connected to at once
+  };
+
   ClpgecuDoc& document_;
   MessageBoxes& boxes_;
   SettingsStore& store_;
   const std::filesystem::path working_folder_;
   QPointer<QWidget> window_;
-  bool updated_ = false;  // and not connected since
+  std::optional<Updated> updated_;       // and not connected since
+  std::optional<std::uint32_t> target_;  // the serial number of whom the update has found last
   std::optional<Unsettled> unsettled_;
   std::string nameless_;  // the key of an erased ECU without a serial number
   std::string asked_;     // what was offered last

@@ -32,7 +32,7 @@ constexpr auto kChapters = std::to_array<Chapter>({
     {"guide/command-line.md", ""},
     {"guide/troubleshooting.md", ""},
 });
-constexpr QSize kFirstSize{1080, 820};
+constexpr QSize kFirstGuideSize{1080, 820};
 
 }  // namespace
 
@@ -70,8 +70,8 @@ CGuideWindow::CGuideWindow(bool foreign) {
   auto* const layout = new QHBoxLayout(this);
   layout->addWidget(halves);
   ListChapters();
-  halves->setSizes({fontMetrics().averageCharWidth() * 30, kFirstSize.width()});
-  resize(kFirstSize.boundedTo(screen()->availableGeometry().size() * 0.95));
+  halves->setSizes({fontMetrics().averageCharWidth() * 30, kFirstGuideSize.width()});
+  resize(kFirstGuideSize.boundedTo(screen()->availableGeometry().size() * 0.95));
   connect(chapters_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (row >= 0)
       browser_->setSource(CGuideBrowser::UrlOf(std::next(kChapters.begin(), row)->file));

@@ -66,6 +66,7 @@ CMainFrame::CMainFrame(UiContext& context) : context_(context) {
     status_line_->ShowLinkState(view_->LinkState());
     FollowControl();
   });
+  connect(view_, &ClpgecuView::MessageOver, status_line_, &CStatusLine::DropMessage);
   connect(view_, &ClpgecuView::ImageRead, this,
           [this] { context_.firmware.FollowConnection(context_.control); });
   connect(&context_.control, &CEcuControl::StateChanged, this, &CMainFrame::FollowControl);
@@ -78,13 +79,15 @@ CMainFrame::CMainFrame(UiContext& context) : context_(context) {
   RestoreLayout();
 }
 
+// The pages, which use the models, go before them.
+CMainFrame::~CMainFrame() { delete takeCentralWidget(); }
+
 QAction* CMainFrame::AddAction(QMenu* menu, const QString& object_name, const QString& text,
                                const QKeySequence& shortcut, const QString& tip) {
   QAction* const action = menu->addAction(text);
   action->setObjectName(object_name);
   action->setShortcut(shortcut);
   action->setToolTip(tip);
-  action->setStatusTip(QString());
   return action;
 }
 
@@ -120,10 +123,11 @@ void CMainFrame::MakePages() {
 void CMainFrame::MakeFileMenu() {
   QMenu* const menu = menuBar()->addMenu(tr("&File"));
   menu->setObjectName("file_menu");
-  QAction* const store =
+  menu->setToolTipsVisible(true);
+  store_action_ =
       AddAction(menu, "store_action", tr("&Store configuration..."), QKeySequence("Ctrl+S"),
                 tr("Stores the configuration of the ECU in a file"));
-  connect(store, &QAction::triggered, this, [this] {
+  connect(store_action_, &QAction::triggered, this, [this] {
     auto& files = view_->OpenPage<CTabFiles>(tr("Files"));
     if (files.CanStore()) files.Store();
   });
@@ -227,7 +231,7 @@ bool CMainFrame::OpenDocument(const std::string& file) {
     return false;
   }
   const std::filesystem::path path = PathFromText(file);
-  if (info.suffix().compare("osc", Qt::CaseInsensitive) == 0) {
+  if ("." + info.suffix().toLower() == ToQString(kRecordingExtension)) {
     auto& page = view_->OpenPage<CTabDiagnostics>(tr("Oscilloscope"));
     const bool failed = page.Load(path) == RecordingLoad::kFailed;
     if (failed) context_.recent_files.Remove(file);
@@ -267,8 +271,9 @@ void CMainFrame::FollowControl() {
   const bool idle = !context_.control.Busy();
   connect_action_->setEnabled(idle && state == State::kDisconnected);
   disconnect_action_->setEnabled(idle && state == State::kConnected);
-  refresh_action_->setEnabled(idle && state == State::kConnected &&
-                              view_->LinkState() == CommStatus::kLinkUp);
+  const bool link_up = state == State::kConnected && view_->LinkState() == CommStatus::kLinkUp;
+  store_action_->setEnabled(idle && link_up);
+  refresh_action_->setEnabled(idle && link_up);
   firmware_action_->setEnabled(idle && (state == State::kConnected || context_.ports.Selected()));
   // Later, from the event loop: this may run inside the procedure that is about to end.
   if (idle && close_wanted_) QTimer::singleShot(0, this, &QWidget::close);

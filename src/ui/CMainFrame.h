@@ -21,6 +21,7 @@ class CMainFrame final : public QMainWindow {
 
  public:
   explicit CMainFrame(UiContext& context);
+  ~CMainFrame() override;
 
   [[nodiscard]] ClpgecuView& View() { return *view_; }
 
@@ -63,6 +64,7 @@ class CMainFrame final : public QMainWindow {
   std::unique_ptr<PageModels> models_;
   CStatusLine* status_line_;
   std::unique_ptr<CGuideWindow> guide_;  // once it has been opened
+  QAction* store_action_ = nullptr;
   QAction* connect_action_ = nullptr;
   QAction* disconnect_action_ = nullptr;
   QAction* refresh_action_ = nullptr;

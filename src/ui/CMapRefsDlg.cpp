@@ -70,6 +70,7 @@ void CMapRefsDlg::accept() {
     axes_ = *centres;
     QDialog::accept();
   } else {
+    // The last thing done: the dialog may be deleted while the box is open.
     boxes_.Inform(message, MessageIcon::kExclamation);
   }
 }

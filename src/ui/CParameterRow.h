@@ -26,7 +26,6 @@ class CParameterRow : public CFieldRow {
   static CParameterRow* Make(const Parameter& parameter, const ParameterAccess& access,
                              QWidget* parent);
 
-  [[nodiscard]] const Parameter& Subject() const { return parameter_; }
   // Shows what the model holds.
   virtual void ShowValue() = 0;
 

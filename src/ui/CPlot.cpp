@@ -16,8 +16,8 @@
 namespace zelorgas {
 namespace {
 
-constexpr double kZoomStep = 0.8;
-constexpr double kMoveStep = 0.1;  // of the range
+constexpr double kZoomedSpan = 0.8;  // of the range, one step nearer
+constexpr double kMoveStep = 0.1;    // of the range
 constexpr double kManySteps = 10;
 constexpr double kPictureScale = 2;
 constexpr int kPdfResolution = 96;
@@ -276,9 +276,9 @@ void CPlot::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Plus:
     case Qt::Key_Equal:
-      return Zoom(kZoomStep);
+      return Zoom(kZoomedSpan);
     case Qt::Key_Minus:
-      return Zoom(1 / kZoomStep);
+      return Zoom(1 / kZoomedSpan);
     case Qt::Key_Left:
     case Qt::Key_Right: {
       const double direction = event->key() == Qt::Key_Left ? -1 : 1;

@@ -39,7 +39,7 @@ class CPlot final : public QWidget {
   void SetPoints(std::size_t curve, const QVector<double>& x, const QVector<double>& y);
   void ShowCurve(std::size_t curve, bool show);
 
-  // A vertical line at `x`; nothing takes it away.
+  // A vertical line at `x`; without a value there is none.
   void SetCursor(std::optional<double> x);
   // How far an arrow key points from the cursor; with Shift ten times as far.
   void SetCursorStep(double step) { cursor_step_ = step; }

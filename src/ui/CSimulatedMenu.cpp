@@ -38,7 +38,6 @@ QAction* CSimulatedMenu::Add(const char* object_name, const QString& text, const
   QAction* const action = addAction(text);
   action->setObjectName(object_name);
   action->setToolTip(tip);
-  action->setStatusTip(QString());
   return action;
 }
 

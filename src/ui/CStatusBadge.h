@@ -13,7 +13,6 @@ class CStatusBadge final : public QLabel {
   explicit CStatusBadge(QWidget* parent = nullptr);
 
   void Show(const QString& text, const QColor& colour);
-  [[nodiscard]] const QColor& Colour() const { return colour_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -59,6 +59,10 @@ void CStatusLine::ShowLinkState(CommStatus status) {
 
 void CStatusLine::ShowMessage(const QString& text) { message_->SetText(text); }
 
+void CStatusLine::DropMessage(const QString& text) {
+  if (message_->text() == text) message_->SetText({});
+}
+
 void CStatusLine::ShowConnection() {
   using State = CEcuControl::State;
   const State state = context_.control.CurrentState();

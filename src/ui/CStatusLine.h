@@ -20,6 +20,8 @@ class CStatusLine final : public QWidget {
   void ShowLinkState(CommStatus status);
   // Until the next one, or until the connection changes.
   void ShowMessage(const QString& text);
+  // When that is the message which is shown.
+  void DropMessage(const QString& text);
 
  private:
   CElidedLabel* AddField(const QString& object_name, const QString& accessible_name,

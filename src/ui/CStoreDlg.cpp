@@ -54,7 +54,7 @@ CStoreDlg::CStoreDlg(Settings& settings, std::filesystem::path working_folder, Q
   ok_->setObjectName("store_ok");
   auto* const form = new QFormLayout;
   form->addRow(tr("&Gas"), gas_type_);
-  form->addRow(tr("&Brand folder"), brand_);
+  form->addRow(tr("Folder of the &make"), brand_);
   form->addRow(name_label_, name_);
   form->addRow(QString(), place_);
   form->addRow(notes_label_, notes_);

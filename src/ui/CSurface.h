@@ -25,7 +25,6 @@ class CSurface final : public QWidget {
   void ShowGrid();
   void ShowLive();
 
-  [[nodiscard]] const SurfaceProjection& Projection() const { return projection_; }
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 

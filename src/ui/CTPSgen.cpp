@@ -89,4 +89,6 @@ void CTPSgen::ShowLive(const EcuImage& image) {
   if (text != throttle_->text()) throttle_->setText(text);
 }
 
+void CTPSgen::ShowNoLive() { throttle_->setText(kNoValue); }
+
 }  // namespace zelorgas

@@ -21,6 +21,8 @@ class CTPSgen final : public CCard {
   // the end of the link, bring the ECU's reading back.
   void ShowValues();
   void ShowLive(const EcuImage& image);
+  // There is no ECU whose throttle it could be.
+  void ShowNoLive();
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -185,7 +185,17 @@ void CTabConfiguration::ShowImage() {
   ShowLive();
 }
 
+void CTabConfiguration::ShowLink(bool up) {
+  link_up_ = up;
+  if (up) return;
+  for (QProgressBar* const bar : {gas_pressure_, lambda1_, lambda2_}) {
+    bar->setValue(0);
+    bar->setFormat(kNoValue);
+  }
+}
+
 void CTabConfiguration::ShowLive() {
+  if (!link_up_) return;
   if (!gas_pressure_->isVisible() && !lambda1_->isVisible()) return;
   const EcuImage image = context_.document.Snapshot();
   const ConfigurationModel& model = models_.Configuration();

@@ -29,6 +29,7 @@ class CTabConfiguration final : public CEcuPage {
 
   void ShowImage() override;
   void ShowLive() override;
+  void ShowLink(bool up) override;
 
  protected:
   // Beside the parameters the groups give way.
@@ -68,6 +69,7 @@ class CTabConfiguration final : public CEcuPage {
   QScrollArea* scroll_ = nullptr;
   CVehicleCard* vehicle_ = nullptr;
   QCheckBox* switch_mode_ = nullptr;
+  bool link_up_ = false;
   QProgressBar* gas_pressure_ = nullptr;
   QProgressBar* lambda1_ = nullptr;
   QProgressBar* lambda2_ = nullptr;

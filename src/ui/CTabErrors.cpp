@@ -11,8 +11,8 @@ CTabErrors::CTabErrors(UiContext& context, PageModels& models, QWidget* parent)
   setAccessibleName(tr("Errors"));
   sheet_ = new CErrSheet(models_.Errors(), this);
   commands_ = new QHBoxLayout;
-  AddCommand("refresh_errors", tr("&Refresh"), tr("Reads the stored errors from the ECU again"),
-             &CTabErrors::Refresh);
+  AddCommand("refresh_errors", tr("&Read errors again"),
+             tr("Reads the stored errors from the ECU again"), &CTabErrors::Refresh);
   commands_->addStretch(1);
   QAction* const delete_one =
       AddCommand("delete_error", tr("Delete &error"), tr("Deletes the selected error in the ECU"),

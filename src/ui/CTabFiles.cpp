@@ -2,21 +2,19 @@
 
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <utility>
 
-#include "app/StoreProcedure.h"
 #include "config/ConfigurationFile.h"
 #include "config/StoragePaths.h"
 #include "config/Utf8Text.h"
 #include "platform/FileSystem.h"
 #include "ui/CFileDlg.h"
-#include "ui/CProgressDlg.h"
 #include "ui/CStoreDlg.h"
+#include "ui/LoadWithProgress.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
 namespace {
-
-constexpr std::size_t kStages = 3;
 
 QString NameOf(const std::filesystem::path& file) { return ToQString(PathText(file.filename())); }
 
@@ -62,6 +60,9 @@ CTabFiles::CTabFiles(UiContext& context, PageModels& models, QWidget* parent)
   connect(browser_, &CFileBrowser::FileActivated, this, &CTabFiles::CompareWithEcu);
   connect(differences_, &CDifferenceTable::Closed, this, [this] { below_->setCurrentIndex(0); });
   connect(&context_.control, &CEcuControl::BusyChanged, this, &CTabFiles::ShowButtons);
+  connect(&context_.control, &CEcuControl::StateChanged, this, &CTabFiles::DropComparisonWithEcu);
+  connect(&context_.control, &CEcuControl::ConfigurationLoaded, this,
+          &CTabFiles::DropComparisonWithEcu);
   FollowSelection();
 }
 
@@ -147,6 +148,8 @@ void CTabFiles::ShowFile(const std::filesystem::path& file) {
 
 void CTabFiles::Store() {
   CStoreDlg dialog(context_.settings, working_folder_, this);
+  // The file that is chosen is meant for the ECU of this connection.
+  connect(&context_.control, &CEcuControl::StateChanged, &dialog, &QDialog::reject);
   // The list may be read anew while the dialog is open.
   StorageFileEntry own;
   if (const StorageFileEntry* const selected = browser_->SelectedFile()) {
@@ -160,8 +163,14 @@ void CTabFiles::Store() {
   }
   VehicleData vehicle = models_.Vehicle();
   if (vehicle == VehicleData{} && dialog.File() == own.path) vehicle = VehicleOfNotes(own.notes);
-  const StoreRequest request{.file = dialog.File(),
-                             .notes = NotesWithVehicle(dialog.Notes(), vehicle)};
+  context_.control.RunOnThisEcu(
+      [this, request = StoreRequest{.file = dialog.File(),
+                                    .notes = NotesWithVehicle(dialog.Notes(), vehicle)}] {
+        StoreNow(request);
+      });
+}
+
+void CTabFiles::StoreNow(const StoreRequest& request) {
   if (StoreConfiguration(context_.document, context_.boxes, request) != StoreOutcome::kStored) {
     browser_->Refresh();
     return;
@@ -179,24 +188,14 @@ void CTabFiles::Load() {
 }
 
 void CTabFiles::LoadNow(const std::filesystem::path& file) {
-  CProgressDlg dialog(tr("Loading %1").arg(NameOf(file)), /*can_cancel=*/false, this);
-  const auto progress = [&dialog](TransferStage stage, std::size_t words) {
-    if (stage == TransferStage::kDone) {
-      dialog.hide();
-      return;
-    }
-    dialog.Step(static_cast<std::size_t>(stage) * kBlockWords + words, kStages * kBlockWords);
-  };
-  const LoadRequest request{.file = file, .backup_folder = BackupFolder(working_folder_)};
-  const LoadResult result = LoadProcedure(context_.document, context_.boxes, progress).Run(request);
+  const LoadResult result =
+      LoadWithProgress(context_.document, context_.boxes, context_.control,
+                       {.file = file, .backup_folder = BackupFolder(working_folder_)},
+                       tr("Loading %1").arg(NameOf(file)), this);
   using Outcome = LoadResult::Outcome;
   if (result.outcome == Outcome::kDifferent) {
     ShowDifferences(NameOf(file), tr("the ECU"), result.differences);
-  }
-  // Every page shows what the ECU has now from the image that is read now.
-  if (result.words_written > 0) {
-    context_.document.RequestRefresh();
-    emit context_.control.ConfigurationLoaded();
+    ecu_compared_ = true;
   }
   if (result.outcome != Outcome::kLoaded) return;
   const VehicleData vehicle = VehicleOfNotes(result.file.notes);
@@ -225,6 +224,11 @@ void CTabFiles::CompareWithEcu() {
   if (!link_up_ || file_.empty() || !Read(file_, loaded)) return;
   ShowDifferences(NameOf(file_), tr("the ECU"),
                   CompareFileWithBlock(loaded, context_.document.Snapshot().block));
+  ecu_compared_ = true;
+}
+
+void CTabFiles::DropComparisonWithEcu() {
+  if (std::exchange(ecu_compared_, false)) below_->setCurrentIndex(0);
 }
 
 void CTabFiles::CompareWithFile() {
@@ -241,6 +245,7 @@ void CTabFiles::CompareWithFile() {
 
 void CTabFiles::ShowDifferences(const QString& first, const QString& second,
                                 const std::vector<BlockDifference>& differences) {
+  ecu_compared_ = false;
   differences_->Show(first, second, differences);
   below_->setCurrentIndex(1);
 }

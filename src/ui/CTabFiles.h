@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "app/LoadProcedure.h"
+#include "app/StoreProcedure.h"
 #include "ui/CDifferenceTable.h"
 #include "ui/CEcuPage.h"
 #include "ui/CFileBrowser.h"
@@ -47,9 +48,12 @@ class CTabFiles final : public CEcuPage {
   void FollowSelection();
   void ShowNotes(const std::string& notes);
   void ShowButtons();
+  void StoreNow(const StoreRequest& request);
   void LoadNow(const std::filesystem::path& file);
   void ShowDifferences(const QString& first, const QString& second,
                        const std::vector<BlockDifference>& differences);
+  // Another ECU may come, or this one has other values now.
+  void DropComparisonWithEcu();
   // The file read over the ECU's block; false, with the person told, when it is none.
   [[nodiscard]] bool Read(const std::filesystem::path& file, LoadedConfiguration& loaded);
 
@@ -68,6 +72,7 @@ class CTabFiles final : public CEcuPage {
   std::filesystem::path file_;
   bool from_elsewhere_ = false;  // file_ is not one that the browser shows
   bool link_up_ = false;
+  bool ecu_compared_ = false;  // one side of the differences is the ECU
 };
 
 }  // namespace zelorgas

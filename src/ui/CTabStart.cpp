@@ -138,8 +138,13 @@ void CTabStart::ToggleConnection() {
 }
 
 void CTabStart::UpdateFirmware() {
-  if (context_.control.Busy() || port_list_->currentIndex() < 0) return;
-  context_.control.UpdateFirmware(context_.ports.SelectedName(), port_list_->currentText());
+  if (context_.control.Busy()) return;
+  // The port of a connection may have left the list.
+  if (context_.control.CurrentState() == CEcuControl::State::kConnected) {
+    context_.control.UpdateFirmware(context_.ports.SelectedName(), context_.control.PortText());
+  } else if (port_list_->currentIndex() >= 0) {
+    context_.control.UpdateFirmware(context_.ports.SelectedName(), port_list_->currentText());
+  }
 }
 
 void CTabStart::ShowPorts() {
@@ -191,6 +196,8 @@ void CTabStart::ShowState() {
 }
 
 void CTabStart::ChooseLanguage(int entry) {
+  // The one that is chosen already.
+  if (entry == static_cast<int>(LanguageEntry(context_.settings.Language()))) return;
   if (!context_.settings.ChooseLanguage(entry)) return;
   context_.boxes.Inform(kLanguageNotice, MessageIcon::kInformation);
   emit RestartRequested();

@@ -46,7 +46,14 @@ void CTabTPS::ShowImage() {
   ShowLive();
 }
 
-void CTabTPS::ShowLive() { end_points_->ShowLive(context_.document.Snapshot()); }
+void CTabTPS::ShowLive() {
+  if (link_up_) end_points_->ShowLive(context_.document.Snapshot());
+}
+
+void CTabTPS::ShowLink(bool up) {
+  link_up_ = up;
+  if (!up) end_points_->ShowNoLive();
+}
 
 void CTabTPS::ShowValues() {
   acceleration_->ShowValues();

@@ -20,6 +20,7 @@ class CTabTPS final : public CEcuPage {
 
   void ShowImage() override;
   void ShowLive() override;
+  void ShowLink(bool up) override;
 
  private:
   void ShowValues();
@@ -30,6 +31,7 @@ class CTabTPS final : public CEcuPage {
   CTPSDeceleration* deceleration_;
   CTPSIdle* idle_;
   CTPSgen* end_points_;
+  bool link_up_ = false;
 };
 
 }  // namespace zelorgas

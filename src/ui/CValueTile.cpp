@@ -18,9 +18,9 @@ constexpr double kCornerRadius = 5;
 
 }  // namespace
 
-CValueTile::CValueTile(const QString& object_name, const QString& caption, const QString& unit,
+CValueTile::CValueTile(const QString& object_name, const QString& caption, QString unit,
                        QWidget* parent)
-    : QWidget(parent), caption_(caption), unit_(unit), value_(kNoValue) {
+    : QWidget(parent), caption_(caption), unit_(std::move(unit)), value_(kNoValue) {
   setObjectName(object_name);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAccessibleName(caption);

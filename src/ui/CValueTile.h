@@ -13,7 +13,7 @@ class CValueTile final : public QWidget {
  public:
   enum class Freshness : std::uint8_t { kLive, kStale };
 
-  CValueTile(const QString& object_name, const QString& caption, const QString& unit,
+  CValueTile(const QString& object_name, const QString& caption, QString unit,
              QWidget* parent = nullptr);
 
   // Paints only when something changed. The unit is left out beside `kNoValue` and beside words.

@@ -20,7 +20,8 @@ void ShowIn(QLineEdit* field, const QString& text) {
 
 CVehicleCard::CVehicleCard(VehicleData& vehicle, ConfigurationModel& model, QWidget* parent)
     : CCard("vehicle_card", tr("Vehicle"), parent), vehicle_(vehicle), model_(model) {
-  auto* const hint = new CCaption(tr("Kept with the notes of a stored configuration."), this);
+  auto* const hint = new CCaption(
+      tr("Make, model and engine are kept with the notes of a stored configuration."), this);
   hint->setWordWrap(true);
   Body().addWidget(hint);
   make_ = AddText("vehicle_make", tr("Vehicle make"), vehicle_.make);
@@ -76,7 +77,8 @@ void CVehicleCard::AddRoutingMap() {
   }
   AddRow(tr("Injector routing map"))
       ->SetEditor(routing_map_, "routing_map",
-                  tr("Which of the ECU's injector routing maps a stored file carries"));
+                  tr("Which of the ECU's two injector routing maps a stored file carries, and a "
+                     "loaded file replaces"));
   connect(routing_map_, &CChoiceList::activated, this,
           [this](int index) { model_.SelectRoutingMap(static_cast<unsigned>(index)); });
 }

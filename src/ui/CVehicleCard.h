@@ -1,5 +1,5 @@
-// What the fitter notes of the vehicle, and which routing map a stored file carries. The ECU has no
-// place for either. User-interface thread.
+// What the fitter notes of the vehicle, and which routing map a stored file carries and a loaded
+// one replaces. The ECU has no place for either. User-interface thread.
 #pragma once
 
 #include <QLineEdit>

@@ -9,11 +9,13 @@
 #include <vector>
 
 #include "ui/CTabStart.h"
+#include "ui/Text.h"
 
 namespace zelorgas {
 namespace {
 
 constexpr int kAnswerWatchMs = 100;
+constexpr FixedText kNoAnswer = FixedText::Of("The ECU does not answer.");
 
 }  // namespace
 
@@ -114,8 +116,6 @@ void ClpgecuView::OnCommStatus(CommStatus status) {
       emit LiveDataCame();
       return;
     case CommStatus::kFullRead:
-      live_strip_->MarkDirty();
-      cylinder_strip_->MarkDirty();
       emit ImageRead();
       ShowImage();
       return;
@@ -168,8 +168,11 @@ void ClpgecuView::WatchAnswers() {
   const bool answering = context_.counters.Quality().answering;
   if (answering == answering_) return;
   answering_ = answering;
-  context_.boxes.Status(answering ? Message() : FixedText::Of("The ECU does not answer."));
-  if (answering) return;
+  if (answering) {
+    emit MessageOver(TranslatedMessage(kNoAnswer));
+    return;
+  }
+  context_.boxes.Status(kNoAnswer);
   live_strip_->MarkStale();
   cylinder_strip_->MarkStale();
 }

@@ -52,6 +52,8 @@ class ClpgecuView final : public QWidget {
   void LiveDataCame();
   // A procedure has ended; the models take what it did before the pages show it.
   void BecameIdle();
+  // What was said as `text` in the status line is over.
+  void MessageOver(const QString& text);
 
  protected:
   // The status sink's post box has something.

@@ -4,9 +4,7 @@
 
 namespace zelorgas {
 
-QString VersionText(Version version) {
-  return QStringLiteral("%1.%2").arg(version.major).arg(version.minor);
-}
+QString VersionText(Version version) { return ToQString(FormatVersion(version)); }
 
 QString SerialText(const EcuIdentity& identity) {
   return identity.serial ? ToQString(FormatSerialNumber(*identity.serial)) : QString(kNoValue);

@@ -7,7 +7,7 @@
 
 namespace zelorgas {
 
-// "0.39"
+// "00.39"
 [[nodiscard]] QString VersionText(Version version);
 // "ECU123456"; dashes when the ECU has none.
 [[nodiscard]] QString SerialText(const EcuIdentity& identity);

@@ -35,6 +35,7 @@ void PageModels::FollowControl() {
       grid_.ForgetEcu();
       trace_ = {};
       vehicle_ = {};
+      context_.document.SelectRoutingMap(0);
       configuration_.ForgetEcu();
     }
     serial_ = serial;

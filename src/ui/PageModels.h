@@ -58,7 +58,8 @@ class PageModels final : public QObject {
   VehicleData vehicle_;
   GridModel grid_;
   GridTrace trace_;
-  std::optional<std::uint32_t> serial_;  // of the ECU whose undo steps and vehicle they are
+  // Of the ECU whose undo steps, vehicle and choice of a routing map they are.
+  std::optional<std::uint32_t> serial_;
   bool image_read_ = false;
   Oscilloscope scope_;
   bool scope_open_ = false;

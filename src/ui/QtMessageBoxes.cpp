@@ -24,7 +24,7 @@ QMessageBox::Icon QtIcon(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-// Modal until answered; gives the button.
+// Modal until answered; gives the button, or none when the box has gone with its dialog.
 // A dialog that holds the window has its boxes in front of itself.
 int Show(QWidget* window, QMessageBox::Icon icon, const Message& text,
          QMessageBox::StandardButtons buttons) {
@@ -32,15 +32,19 @@ int Show(QWidget* window, QMessageBox::Icon icon, const Message& text,
   constexpr std::size_t kLongest = 4000;
   constexpr std::size_t kMostLines = 40;
   QWidget* const dialog = QApplication::activeModalWidget();
-  QMessageBox box(icon, ToQString(TemplateString(DocumentString::kWindowTitle)),
-                  ToQString(Shortened(TranslatedMessage(text).toStdString(), kLongest, kMostLines)),
-                  buttons, dialog != nullptr ? dialog : window);
-  box.setObjectName("message_box");
-  box.setAccessibleName(box.text());
+  // A dialog that asks about an ECU is deleted with the connection, and its boxes with it.
+  const QPointer<QMessageBox> box = new QMessageBox(
+      icon, ToQString(TemplateString(DocumentString::kWindowTitle)),
+      ToQString(Shortened(TranslatedMessage(text).toStdString(), kLongest, kMostLines)), buttons,
+      dialog != nullptr ? dialog : window);
+  box->setObjectName("message_box");
+  box->setAccessibleName(box->text());
   // The texts are plain; "<=>" in one must not be taken for a tag.
-  box.setTextFormat(Qt::PlainText);
-  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  return box.exec();
+  box->setTextFormat(Qt::PlainText);
+  box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  const int button = box->exec();
+  delete box;
+  return button;
 }
 
 }  // namespace

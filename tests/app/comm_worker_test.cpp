@@ -136,6 +136,21 @@ TEST(CommWorker, ARestartIsReportedOnceAndOnlyAfterTheFirstGoodPoll) {
   EXPECT_EQ(older.Round(), "0,0") << "coil 43 is another thing there";
 }
 
+TEST(CommWorker, ARefreshDoesNotReadOverWhatARestartedEcuIsToGetBack) {
+  Polled ecu;
+  ecu.Round();
+  const ConfigurationBlock known = ecu.document.Snapshot().block;
+  ecu.ecu.Restart();
+  ecu.ecu.SetRegister(300, 4711);
+  ecu.document.RequestRefresh();
+  EXPECT_EQ(ecu.Round(), "2,0 0,0");
+  EXPECT_EQ(ecu.Round(), "0,0");
+  EXPECT_EQ(ecu.document.Snapshot().block, known);
+  ecu.document.EndWriteBack();
+  EXPECT_EQ(ecu.Round(), "0,1 0,0") << "the refresh is late, not lost";
+  EXPECT_EQ(ecu.document.Snapshot().block[300 - 256], 4711);
+}
+
 TEST(CommWorker, APulledPlugIsSaidAtOnceAndHealsByItself) {
   Polled ecu;
   ecu.Round();
@@ -189,6 +204,9 @@ TEST(CommWorker, AnotherEcuIsSaidAndThenLeftAlone) {
     EXPECT_EQ(posted.find("1,1"), std::string::npos) << c.what << ": the link is not up for it";
     EXPECT_EQ(posted.find("2,0"), std::string::npos) << c.what << ": nothing is written to it";
     EXPECT_EQ(ecu.requests, "") << c.what;
+    ecu.document.TellWorkerToStop();
+    EXPECT_FALSE(ecu.worker.RunRound());
+    EXPECT_EQ(ecu.requests, "") << c.what << ": no goodbye to a stranger";
   }
 }
 

@@ -87,6 +87,10 @@ TEST_F(FileCommands, ShowPrintsAFile) {
   EXPECT_EQ(run.status, 0);
   EXPECT_THAT(run.out, testing::Not(HasSubstr("NCYLINDERS")));
   EXPECT_THAT(run.err, HasSubstr("bad.fob: NCYLINDERS is \"4,0\", no whole number"));
+  WriteFile("bad.fob", Replaced(SampleText(), "Ton=\"1.23;", "Ton=\"1,23;"));
+  run = Run({"show", "bad.fob"});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.out, HasSubstr("\nTon=?;1.080;")) << "the table keeps its places";
   EXPECT_EQ(Run({"show", "."}).status, 3);
 }
 

@@ -65,12 +65,12 @@ TEST_F(FirmwareCommands, AskBeforeTheyErase) {
   const std::vector<std::uint8_t> before = ecu_.Flash();
   cli_.terminal = true;
   cli_.typed = "n\n";
-  EXPECT_THAT(Flash({}).err, HasSubstr("bytes\nECU: ECU123456, software 00.39\n[y/n] "));
+  EXPECT_THAT(Flash({}).err, HasSubstr("bytes\nECU: ECU123456, firmware 00.39\n[y/n] "));
   EXPECT_EQ(Run({"erase"}).status, 1);
   EXPECT_EQ(ecu_.Flash(), before);
   EXPECT_FALSE(ecu_.InBootloader());
   cli_.typed = "y\n";
-  EXPECT_EQ(Run({"erase"}).out, "erased: ECU123456, software 00.39\n");
+  EXPECT_EQ(Run({"erase"}).out, "erased: ECU123456, firmware 00.39\n");
   image_.Fill({});
   EXPECT_TRUE(image_.IsIn(ecu_)) << "blank";
 }

@@ -37,7 +37,7 @@ TEST(FirmwareDownload, ProgramsAnImageWithItsBlankAndItsShortPieces) {
   EXPECT_THAT(bench.boxes.said,
               ElementsAre("question: Do you want to replace the firmware of the ECU?\n\nImage: " +
                           image.path.filename().string() +
-                          "\nSize: 1068 bytes\nECU: ECU123456, software 00.39"));
+                          "\nSize: 1068 bytes\nECU: ECU123456, firmware 00.39"));
   EXPECT_EQ(bench.document.Link().AttemptCount(), 1);
 }
 
@@ -136,12 +136,12 @@ TEST(FirmwareDownload, NothingIsErasedBeforeTheCheckAndTheAnswer) {
   for (const auto& [asked, exchanges] : {std::pair{1, 4U}, {2, 7U}, {3, 20U}}) {
     FirmwareHooks stopping;
     stopping.stop_wanted = [left = asked](bool) mutable { return --left == 0; };
-    expect(Outcome::kStopped, "software 00.39", exchanges, stopping);
+    expect(Outcome::kStopped, "firmware 00.39", exchanges, stopping);
   }
   FirmwareHooks not_stored;
   not_stored.store_configuration = [&](const EcuIdentity&) { return bench.boxes.answer = false; };
   expect(Outcome::kDeclined, kNoCopyQuestion, 4, not_stored);
-  expect(Outcome::kDeclined, "software 00.39", 0);
+  expect(Outcome::kDeclined, "firmware 00.39", 0);
   EXPECT_EQ(bench.Erase(), Outcome::kDeclined);
   EXPECT_EQ(bench.ecu.Flash(), before);
 }

@@ -52,6 +52,8 @@ class PtyLine : public testing::Test {
     std::string text(count, '\0');
     std::size_t have = 0;
     while (have < count) {
+      pollfd entry{.fd = far_.Get(), .events = POLLIN, .revents = 0};
+      if (::poll(&entry, 1, static_cast<int>(milliseconds(kFarAway).count())) <= 0) break;
       const ssize_t got = ::read(far_.Get(), text.data() + have, count - have);
       if (got <= 0) break;
       have += static_cast<std::size_t>(got);

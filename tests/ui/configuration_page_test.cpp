@@ -132,6 +132,22 @@ TEST(ConfigurationPage, AnInjectorBringsItsValuesAndItsNozzle) {
   EXPECT_EQ(nozzle.text(), "1.1");
 }
 
+TEST(ConfigurationPage, WhatWasNotedForOneEcuIsNotTakenForTheNext) {
+  ConfigurationPage page("Vehicle");
+  page.Choose("routing_map", "Map 2");
+  EXPECT_EQ(page.bench.document.RoutingMap(), 1U);
+  for (const std::uint32_t serial : {123456U, 654321U}) {
+    page.bench.simulated.Ecu().SetSerial(serial);
+    page.bench.Find<QAction>("disconnect_action").trigger();
+    page.bench.Find<QAction>("connect_action").trigger();
+    const bool same = serial == 123456;
+    ASSERT_TRUE(page.bench.WaitForState(UiBench::kConnected));
+    EXPECT_EQ(page.bench.document.RoutingMap(), same ? 1U : 0U);
+    EXPECT_TRUE(UiBench::WaitFor(
+        [&] { return page.List("routing_map").currentText() == (same ? "Map 2" : "Map 1"); }));
+  }
+}
+
 TEST(ConfigurationPage, SensorsSetTheScaleOfWhatTheyMeasure) {
   ConfigurationPage page("Sensors");
   // The wheel scrolls the page and leaves the lists alone.

@@ -22,7 +22,7 @@ TEST(Window, ConnectsShowsTheEcuAndItsLiveValuesMove) {
   ASSERT_TRUE(bench.Connect());
   EXPECT_EQ(bench.Find<QPushButton>("connect_button").text(), "Disconnect");
   EXPECT_EQ(bench.Text("ecu_serial"), "ECU123456");
-  EXPECT_EQ(bench.Text("ecu_software"), "0.39");
+  EXPECT_EQ(bench.Text("ecu_software"), "00.39");
   EXPECT_EQ(bench.Text("ecu_vendor"), "Tarnwick Ltd.");
   EXPECT_EQ(bench.Text("status_serial"), "ECU123456");
   EXPECT_EQ(bench.Text("status_port"), "Simulated ECU");

@@ -101,6 +101,23 @@ TEST_F(FilesPage, StoresFindsComparesAndLoads) {
   EXPECT_FALSE(std::filesystem::is_empty(BackupFolder(folder_.Path())));
 }
 
+TEST_F(FilesPage, WhatWasToBeStoredOfOneEcuIsNotTakenFromTheNext) {
+  Open();
+  ASSERT_TRUE(bench_.Connect());
+  bench_.settings.SetSaveFile(true);
+  bench_.boxes.answer = true;
+  QTimer::singleShot(0, [this] {
+    bench_.control.Disconnect();
+    bench_.simulated.Ecu().SetSerial(654321);
+    bench_.control.Connect(std::string(kSimulatedPortName), "Simulated ECU");
+    auto* const dialog = bench_.frame->findChild<CStoreDlg*>();
+    if (dialog->isVisible()) dialog->accept();
+  });
+  bench_.Click("files_store");
+  EXPECT_EQ(bench_.Text("ecu_serial"), "ECU654321");
+  EXPECT_EQ(bench_.boxes.said.size(), 0U) << "nothing is stored";
+}
+
 TEST_F(FilesPage, FilesAreOpenedFromAnywhereAndWithoutAnEcu) {
   const auto file = folder_.Path() / "elsewhere.fob";
   Message problem;

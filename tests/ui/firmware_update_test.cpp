@@ -111,9 +111,13 @@ class FirmwareUpdateWindow : public testing::Test {
 
 TEST_F(FirmwareUpdateWindow, GoesToItsEndConnectsAgainAndLoadsWhatTheEcuHeld) {
   ASSERT_TRUE(bench.Connect());
+  bench.OpenTab("Correction grid");
+  bench.Find<QAction>("step_up_action").trigger();
+  const auto& undo = bench.Find<QAction>("undo_action");
+  ASSERT_TRUE(UiBench::WaitFor([&] { return undo.isEnabled(); }));
   const ConfigurationBlock before = bench.simulated.Ecu().Block();
   InDialog(timer, [&](CBootDlg& dialog) {
-    EXPECT_EQ(bench.Text("boot_ecu"), "ECU123456, firmware 0.39");
+    EXPECT_EQ(bench.Text("boot_ecu"), "ECU123456, firmware 00.39");
     EXPECT_EQ(bench.Text("boot_status"), "Idle");
     Gate gate(bench.simulated.Line(), kInTheDownload);
     Program();
@@ -134,6 +138,7 @@ TEST_F(FirmwareUpdateWindow, GoesToItsEndConnectsAgainAndLoadsWhatTheEcuHeld) {
   EXPECT_EQ(bench.control.CurrentState(), CEcuControl::State::kConnected);
   ASSERT_TRUE(UiBench::WaitFor([&] { return Said(kConfigurationLoaded); }));
   EXPECT_EQ(bench.simulated.Ecu().Block(), before);
+  EXPECT_FALSE(undo.isEnabled()) << "of the configuration before";
   EXPECT_EQ(bench.store.ReadString(kBackups, kThisEcu, ""), "") << "it is offered once";
   EXPECT_TRUE(bench.boxes.HasStatus("The firmware has been updated."));
   EXPECT_TRUE(bench.WaitForState(UiBench::kConnected));
@@ -231,11 +236,16 @@ TEST_F(FirmwareUpdateWindow, WhatTheEcuHeldIsOfferedStillWhenTheUpdateWasFinishe
   ASSERT_TRUE(UiBench::WaitFor([&] { return !closed.frame->isVisible(); }));
   EXPECT_EQ(closed.store.ReadString(kBackups, kThisEcu, ""), kept) << "nobody has said no";
   UiBench later(clock);
-  later.store.WriteString(kBackups, kThisEcu, kept);
   ASSERT_TRUE(later.Connect());
+  later.store.WriteString(kBackups, kThisEcu, kept);
+  std::string state;
+  later.boxes.while_asking = [&] { state = later.Text("communication_state"); };
+  later.status.Post(CommStatus::kFullRead);
+  later.status.Post(CommStatus::kConnecting);
   ASSERT_TRUE(
       UiBench::WaitFor([&] { return later.store.ReadString(kBackups, kThisEcu, "").empty(); }));
   EXPECT_NE(later.boxes.said.back().find(kept), std::string::npos) << "declined";
+  EXPECT_EQ(state, UiBench::kConnecting) << "all that was reported is shown before";
 }
 
 TEST_F(FirmwareUpdateWindow, WhatIsStillInOneEcuIsNotKeptAndTheNextHasItsOwn) {

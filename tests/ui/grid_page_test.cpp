@@ -3,8 +3,11 @@
 
 #include <QAction>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
@@ -13,7 +16,9 @@
 #include <utility>
 
 #include "ui/CGridTable.h"
+#include "ui/CTabGrid.h"
 #include "ui/FastClock.h"
+#include "ui/QtMessageBoxes.h"
 #include "ui/UiBench.h"
 
 namespace zelorgas {
@@ -239,6 +244,31 @@ TEST(GridPage, StepsAndCentresOutliveAReconnectionToTheSameEcuOnly) {
   EXPECT_FALSE(page.bench.Find<QWidget>("redo_button").isEnabled());
   page.Table().MoveCursor({11, 1});
   EXPECT_EQ(page.Table().accessibleDescription(), "24.0, 1200: 1.60");
+}
+
+TEST(GridPage, ABoxOverADialogGoesWithTheConnection) {
+  FastClock clock;
+  GridPage page(clock);
+  UiBench& bench = page.bench;
+  QtMessageBoxes boxes;
+  UiContext context{bench.document,     bench.status, bench.firmware,  bench.control,
+                    bench.counters,     boxes,        bench.store,     bench.settings,
+                    bench.recent_files, bench.ports,  bench.simulated, {}};
+  PageModels models(context, bench.frame->View());
+  CTabGrid own_page(context, models, nullptr);
+  own_page.findChild<QAction*>("cell_centres_action")->trigger();
+  const QPointer<QDialog> dialog = own_page.findChild<QDialog*>("map_refs_dialog");
+  dialog->findChild<QLineEdit*>("centre_speed1")->setText("fast");
+  QPointer<QMessageBox> box;
+  QTimer::singleShot(0, [&] {
+    box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    EXPECT_NE(box, nullptr);
+    bench.control.Disconnect();
+  });
+  QTest::mouseClick(dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok),
+                    Qt::LeftButton);
+  EXPECT_EQ(dialog, nullptr);
+  EXPECT_EQ(box, nullptr);
 }
 
 TEST(GridPage, ModifyAreaAsksForTheValue) {
