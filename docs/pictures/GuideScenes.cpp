@@ -330,8 +330,11 @@ void GuideScenes::ShowFirmware() {
     }
     Await("end of the download", [&] { return !dialog.isVisible(); });
   });
+  bench_.boxes.informed.clear();
   bench_.Find<QAction>("firmware_action").trigger();
-  Await("reconnection", [&] { return !bench_.control.Busy(); });
+  // What the ECU held is offered and loaded again.
+  Await("the configuration's return",
+        [&] { return !bench_.boxes.informed.empty() && !bench_.control.Busy(); });
 }
 
 void GuideScenes::ShowHelp() {

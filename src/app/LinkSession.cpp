@@ -17,7 +17,10 @@ MoreAttempts::MoreAttempts(ModbusMaster& master) : master_(master), before_(mast
   master.SetAttemptCount(std::max(before_, kAttempts));
 }
 
-LinkSession::LinkSession(ClpgecuDoc& document, Wait wait) : document_(document) {
+LinkSession::LinkSession(ClpgecuDoc& document, Wait wait)
+    : document_(document), turn_(document, wait), attempts_(document.Link()) {}
+
+LinkSession::Turn::Turn(ClpgecuDoc& document, Wait wait) : document_(document) {
   document_.PauseWorker(true);
   if (wait != Wait::kGrace) WaitUntilIdle();
   if (wait != Wait::kIdle) document_.SleepSliced(kGracePeriod);
@@ -25,11 +28,9 @@ LinkSession::LinkSession(ClpgecuDoc& document, Wait wait) : document_(document) 
   // and pauses it is not.
   if (wait == Wait::kGrace) WaitUntilIdle();
   document_.ImageLock();
-  attempts_.emplace(document_.Link());
 }
 
-LinkSession::~LinkSession() {
-  attempts_.reset();
+LinkSession::Turn::~Turn() {
   document_.ImageUnlock();
   document_.PauseWorker(false);
 }
@@ -72,7 +73,7 @@ ModbusResult LinkSession::ReadRegister(std::uint16_t reg, std::uint16_t& value) 
   return result;
 }
 
-void LinkSession::WaitUntilIdle() {
+void LinkSession::Turn::WaitUntilIdle() {
   const Clock::TimePoint limit = document_.DocumentClock().Now() + kIdleLimit;
   while (!document_.WorkerIdle() && document_.DocumentClock().Now() < limit) {
     document_.SleepSliced(SerialDevice::kWaitSlice);

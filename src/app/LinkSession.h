@@ -6,7 +6,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string_view>
 
@@ -50,7 +49,7 @@ class LinkSession {
   LinkSession(ClpgecuDoc& document, Wait wait);
   LinkSession(const LinkSession&) = delete;
   LinkSession& operator=(const LinkSession&) = delete;
-  ~LinkSession();
+  ~LinkSession() = default;
 
   [[nodiscard]] ModbusSerialPort& Link() { return document_.Link(); }
   [[nodiscard]] EcuImage& Image() { return document_.Image(); }
@@ -69,10 +68,23 @@ class LinkSession {
   ModbusResult ReadRegister(std::uint16_t reg, std::uint16_t& value);
 
  private:
-  void WaitUntilIdle();
+  // The held polling and the locked image.
+  class Turn {
+   public:
+    Turn(ClpgecuDoc& document, Wait wait);
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    ~Turn();
+
+   private:
+    void WaitUntilIdle();
+
+    ClpgecuDoc& document_;
+  };
 
   ClpgecuDoc& document_;
-  std::optional<MoreAttempts> attempts_;
+  const Turn turn_;
+  const MoreAttempts attempts_;  // given back first
 };
 
 }  // namespace zelorgas
