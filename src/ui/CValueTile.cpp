@@ -1,6 +1,7 @@
 #include "ui/CValueTile.h"
 
 #include <QPainter>
+#include <QPixmapCache>
 
 #include "ui/Colours.h"
 #include "ui/Fonts.h"
@@ -68,16 +69,32 @@ QRect CValueTile::Inside() const {
   return rect().adjusted(Margin(), Margin() / 2, -Margin(), -Margin() / 2);
 }
 
-void CValueTile::DrawSurrounding() {
-  surrounding_ = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
-  surrounding_.setDevicePixelRatio(devicePixelRatioF());
-  surrounding_.fill(palette().color(QPalette::Window));
-  QPainter painter(&surrounding_);
+// The card without its texts, the same for all tiles of a strip.
+QPixmap CValueTile::EmptyCard() const {
+  const QString key = QStringLiteral("value_tile %1 %2 %3 %4")
+                          .arg(width())
+                          .arg(height())
+                          .arg(devicePixelRatioF())
+                          .arg(palette().cacheKey());
+  QPixmap card;
+  if (QPixmapCache::find(key, &card)) return card;
+  card = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
+  card.setDevicePixelRatio(devicePixelRatioF());
+  card.fill(palette().color(QPalette::Window));
+  QPainter painter(&card);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(BorderColour(palette()));
   painter.setBrush(CardColour(palette()));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius,
                           kCornerRadius);
+  painter.end();
+  QPixmapCache::insert(key, card);
+  return card;
+}
+
+void CValueTile::DrawSurrounding() {
+  surrounding_ = EmptyCard();
+  QPainter painter(&surrounding_);
   painter.setPen(CaptionColour(palette()));
   painter.setFont(CaptionFont());
   painter.drawText(Inside(), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, caption_);

@@ -31,6 +31,7 @@ class CValueTile final : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
+  [[nodiscard]] QPixmap EmptyCard() const;
   void DrawSurrounding();
   [[nodiscard]] QFont CaptionFont() const;
   [[nodiscard]] QFont ValueFont() const;
