@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <random>
 #include <sstream>
 #include <string>
@@ -63,8 +64,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (++runs % kRunsBetweenCleanings == 0) playground.Clean();
 
   VirtualClock clock;
-  SimulatedEcu ecu(clock);
-  SimulatedLine line(ecu, clock);
+  // Most command lines end before there is a port to open.
+  std::optional<SimulatedEcu> ecu;
+  std::optional<SimulatedLine> line;
+  const auto open_simulated = [&](const std::string& name) {
+    if (!line) line.emplace(ecu.emplace(clock), clock);
+    return SimulatedPort(*line, clock)(name);
+  };
   MemorySettings settings;
   std::atomic<unsigned> interrupted{0};
   std::ostringstream out;
@@ -76,7 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                              .in_is_terminal = size % 2 == 0,
                              .clock = clock,
                              .serial_ports = [](const std::string&) { return nullptr; },
-                             .simulated_ecu = SimulatedPort(line, clock),
+                             .simulated_ecu = open_simulated,
                              .list_ports = [] { return std::vector<SerialPortInfo>{}; },
                              .settings = settings,
                              // What goes on until it is interrupted is interrupted at once.
