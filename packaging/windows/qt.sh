@@ -101,7 +101,7 @@ qt_folder() {
 show_qt_trouble() { [[ -e $QT_FOLDER/ready ]] || tail -n 40 "$QT_WORK/build.log" >&2; }
 
 # prepare_qt: QT_FOLDER is then the folder with both; built when the cache has none for these versions
-# and this recipe, which takes most of half an hour. A build that was broken off is begun anew.
+# and this recipe, which takes a quarter of an hour on two cores. A build that was broken off is begun anew.
 prepare_qt() {
   QT_FOLDER=$(qt_folder)
   QT_WORK=$ROOT/build/windows-qt
