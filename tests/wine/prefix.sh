@@ -12,7 +12,9 @@ export DISPLAY=
 # Seconds that one program may take under Wine, its start included.
 WINE_LIMIT=60
 
+# Wine's own programs, by their names, and ours, by their paths on the host.
 in_wine() { timeout --kill-after=5 "$WINE_LIMIT" wine "$@"; }
+our_program() { timeout --kill-after=5 "$WINE_LIMIT" "$ROOT/tests/wine/program" "$@"; }
 
 # start_wine: Wine's server and services, which outlive the programs and are ended with the script.
 # They must not inherit a pipe of ours, for who reads it would wait for their end, so a program that
@@ -44,6 +46,13 @@ choose_font() {
     /v 'MS Shell Dlg' /d 'DejaVu Sans' /f >>"$WINEPREFIX/wine.log" 2>&1 </dev/null
 }
 
+# The tests' display has no window manager, for whose answer to every window Wine would wait two seconds,
+# and no graphics card, so Direct3D, which the toolkit asks about the screen, leads nowhere.
+choose_display() {
+  in_wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >>"$WINEPREFIX/wine.log" 2>&1 </dev/null
+  in_wine reg add 'HKCU\Software\Wine\Direct3D' /v renderer /d no3d /f >>"$WINEPREFIX/wine.log" 2>&1 </dev/null
+}
+
 # prepare_wine: makes the prefix when there is none, and starts it.
 prepare_wine() {
   at_exit stop_wine
@@ -56,6 +65,7 @@ prepare_wine() {
       return 1
     }
     choose_font
+    choose_display
     stop_wine
     keep_out_of_home
     touch "$WINEPREFIX/ready"
