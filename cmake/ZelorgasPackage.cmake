@@ -26,7 +26,30 @@ zelorgas_icon(zelorgas apps zelorgas 16 24 32 48 64 128 256)
 zelorgas_icon(configuration mimetypes application-x-zelorgas-configuration 16 32 48 128)
 zelorgas_icon(recording mimetypes application-x-zelorgas-recording 16 32 48 128)
 
+# What Debian wants compressed: the text file of the build folder.
+function(zelorgas_install_compressed text folder)
+  install(CODE "execute_process(COMMAND gzip -9nfk ${CMAKE_BINARY_DIR}/${text} COMMAND_ERROR_IS_FATAL ANY)")
+  install(FILES ${CMAKE_BINARY_DIR}/${text}.gz DESTINATION ${folder})
+endfunction()
+foreach(text changelog zelorgas.1)
+  configure_file(${packaging}/debian/${text}.in ${CMAKE_BINARY_DIR}/${text} @ONLY)
+endforeach()
+zelorgas_install_compressed(changelog share/doc/zelorgas)
+zelorgas_install_compressed(zelorgas.1 share/man/man1)
+
+# The manual page of a program of the command line is what it prints with --help.
+function(zelorgas_man_page program what)
+  install(CODE "execute_process(
+    COMMAND ${packaging}/debian/man_page $<TARGET_FILE:${program}> ${PROJECT_VERSION} \"${what}\"
+    OUTPUT_FILE ${CMAKE_BINARY_DIR}/${program}.1 COMMAND_ERROR_IS_FATAL ANY)")
+  zelorgas_install_compressed(${program}.1 share/man/man1)
+endfunction()
+zelorgas_man_page(zelorgas-cli "configure and diagnose the gas ECU of a car from scripts")
+zelorgas_man_page(zelorgas-ecusim "simulated gas ECU on a pseudo-terminal")
+
 install(FILES ${packaging}/debian/copyright DESTINATION share/doc/zelorgas)
+install(FILES ${packaging}/debian/lintian-overrides DESTINATION share/lintian/overrides
+  RENAME zelorgas)
 # The guide and the references, not the program that makes the guide's pictures.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION share/doc/zelorgas
   FILES_MATCHING PATTERN "*.md" PATTERN "*.png" REGEX "/docs/pictures$" EXCLUDE)

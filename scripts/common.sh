@@ -17,7 +17,7 @@ WINDOWS_PACKAGES=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix googletest
 WINDOW_TEST_PACKAGES=(wine wine64 xvfb xdotool imagemagick fonts-dejavu-core)
 ICON_PACKAGES=(librsvg2-bin icoutils)
 DEB_PACKAGES=("${BUILD_PACKAGES[@]}" dpkg-dev file)
-DEB_TEST_PACKAGES=(binutils desktop-file-utils shared-mime-info)
+DEB_TEST_PACKAGES=(binutils desktop-file-utils lintian shared-mime-info)
 
 CURRENT_STEP=start
 CLEANUPS=()

@@ -32,6 +32,7 @@ struct CliOptions {
   std::uint16_t attempts = 3;
   bool json = false;
   bool help = false;
+  bool version = false;  // the program's own
   // The command's own options by their names; a switch has an empty value.
   std::map<std::string, std::string, std::less<>> of_command;
 };

@@ -9,6 +9,7 @@
 #include "cli/CliSession.h"
 #include "cli/Commands.h"
 #include "cli/Text.h"
+#include "platform/ProgramVersion.h"
 
 namespace zelorgas {
 namespace {
@@ -27,6 +28,7 @@ constexpr std::string_view kOptionsHelp =
     "  --attempts N    how often each exchange is tried, 1 to 100; 3 when not given, and never\n"
     "                  less for what reads or writes whole configurations, errors and firmware\n"
     "  --help          this text; with --json on standard error\n"
+    "  --version       this program's version, as --help\n"
     "\n"
     "Numbers are decimal or, with 0x in front, hexadecimal.\n"
     "\n"
@@ -81,6 +83,8 @@ CommandLine ReadCommandLine(std::span<const std::string> arguments) {
     const std::string& word = arguments[i];
     if (word == "--help") {
       line.options.help = true;
+    } else if (word == "--version") {
+      line.options.version = true;
     } else if (word == "--json") {
       line.options.json = true;
     } else if (word == "--port") {
@@ -122,15 +126,20 @@ ExitStatus RunCommand(CliSession& session, const CommandLine& line) {
 
 int RunCli(std::span<const std::string> arguments, CliEnvironment& environment) {
   CommandLine line = ReadCommandLine(arguments);
-  const bool help = line.options.help && line.problem.empty();
-  std::ostream& help_to = line.options.json ? environment.err : environment.out;
+  std::string said;  // instead of running a command
+  if (line.problem.empty() && line.options.help) {
+    said = Help();
+  } else if (line.problem.empty() && line.options.version) {
+    said = "zelorgas-cli " + ReadProgramVersion().file_version + "\n";
+  }
+  std::ostream& say_to = line.options.json ? environment.err : environment.out;
   CliSession session(environment, std::move(line.options));
   session.SetUsage(line.command == nullptr ? Help() : UsageOf(*line.command));
   ExitStatus status = ExitStatus::kDone;
-  if (help) {
-    help_to << Help();
-  } else {
+  if (said.empty()) {
     status = RunCommand(session, line);
+  } else {
+    say_to << said;
   }
   return static_cast<int>(session.Finish(status));
 }
