@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <chrono>
+#include <csignal>
+#include <cstdlib>
 
 #include "platform/FileSystem.h"
 #include "support/FaultyFiles.h"
@@ -41,6 +44,28 @@ TEST(FileSystemPosix, AKilledProcessLeavesTheOldOrTheNewFile) {
       }
     }
   }
+}
+
+// The system itself takes a part of the bytes and then no more.
+TEST(FileSystemPosix, AWriteThatEndsHalfwayLeavesTheOldFileAlone) {
+  const TemporaryFolder folder;
+  const fs::path file = folder.Path() / "file";
+  const std::string old_contents(1'000, 'o');
+  Message reason;
+  ASSERT_TRUE(WriteWholeFile(file, old_contents, reason));
+  EXPECT_EXIT(
+      {
+        constexpr rlimit kLimit{150'000, 150'000};
+        std::signal(SIGXFSZ, SIG_IGN);
+        const bool limited = setrlimit(RLIMIT_FSIZE, &kLimit) == 0;
+        const bool written = WriteWholeFile(file, std::string(200'000, 'n'), reason);
+        std::_Exit(limited && !written && !reason.empty() ? EXIT_SUCCESS : EXIT_FAILURE);
+      },
+      testing::ExitedWithCode(EXIT_SUCCESS), "");
+  std::string contents;
+  ASSERT_TRUE(ReadWholeFile(file, contents, reason));
+  EXPECT_EQ(contents, old_contents);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator()), 1);
 }
 
 }  // namespace

@@ -10,9 +10,11 @@ import os
 import select
 import subprocess
 import sys
+import time
 import tty
 
 SLAVE = 11
+LONGEST = 30  # seconds of one command
 WORDS = {256 + k: (k * 40503 + 77) & 0xFFFF for k in range(583)}
 BITS = {k: (k * k // 3) & 1 for k in range(400)}
 LIVE = {k: (k * 257 + 5) & 0xFFFF for k in range(200)}
@@ -85,7 +87,10 @@ def serve(master, process, answer):
     """Echoes and answers the requests of `process` until it ends; gives them."""
     requests = []
     begun = b""
+    end = time.monotonic() + LONGEST
     while process.poll() is None:
+        if time.monotonic() > end:
+            process.kill()
         ready, _, _ = select.select([master], [], [], 0.01)
         if not ready:
             continue

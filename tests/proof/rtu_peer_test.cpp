@@ -172,5 +172,19 @@ TEST_F(RtuPeer, AllWrites) {
   }
 }
 
+TEST_F(RtuPeer, AnException) {
+  ModbusSerialPort port(SystemSerialPorts(*clock_), *clock_);
+  port.SetDataBits(8);
+  port.SetPortName(server_.Path());
+  ASSERT_TRUE(port.Open(0, 19200, 0));
+  ModbusResult result = ModbusResult::kOk;
+  Words words;
+  server_.Serve(
+      [&] { result = port.ReadHoldingRegisters(ECU_SLAVE_ADDRESS, kRegisters, 1, words); });
+  constexpr std::uint8_t kIllegalDataAddress = 2;
+  EXPECT_EQ(result, ExceptionResult(kIllegalDataAddress));
+  EXPECT_TRUE(words.empty());
+}
+
 }  // namespace
 }  // namespace zelorgas

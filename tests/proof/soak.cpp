@@ -219,7 +219,9 @@ bool Soak::Report(std::uint64_t transactions) const {
       static_cast<unsigned long long>(line_.FaultCount()), static_cast<unsigned long long>(failed_),
       100.0 * (1.0 - static_cast<double>(failed_) / static_cast<double>(transactions)),
       static_cast<unsigned long long>(wrong_));
-  return wrong_ == 0 && failed_ * kTransactionsForAFailure <= transactions;
+  const bool faulty = static_cast<double>(line_.FaultCount()) >
+                      0.8 * kFaultRate * static_cast<double>(line_.RequestCount());
+  return faulty && wrong_ == 0 && failed_ * kTransactionsForAFailure <= transactions;
 }
 
 // What the process holds; zeros where the system keeps no such files.
