@@ -1,6 +1,6 @@
-// recording_work WORK FILE TIMES: writes or reads a recording of 12 channels of 6,400 samples TIMES
-// times, nothing else. bench/run counts the instructions; two counts with different TIMES give the
-// cost of one file.
+// recording_work WORK FILE TIMES [SAMPLES]: writes or reads a recording of 12 channels of SAMPLES
+// (6,400) samples TIMES times, nothing else. bench/run counts the instructions; two counts with
+// different TIMES give the cost of one file.
 //   save, load            with this program
 //   save-peer, load-peer  with pugixml and the numbers of the C++ library
 // recording_work time FILE: the times of both, by turns.
@@ -28,11 +28,11 @@ using zelorgas::ScopeTraces;
 
 constexpr std::size_t kSamples = 6400;
 
-ScopeTraces MakeTraces() {
+ScopeTraces MakeTraces(std::size_t samples) {
   ScopeTraces traces;
   unsigned chance = 1;
   for (auto& channel : traces.channels) {
-    for (std::size_t i = 0; i < kSamples; ++i) {
+    for (std::size_t i = 0; i < samples; ++i) {
       chance = chance * 1664525U + 1013904223U;
       channel.push_back(static_cast<double>(chance >> 18U) / 1000.0);
     }
@@ -143,10 +143,12 @@ bool CompareTimes(const Works& works) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 3) return 2;
+  constexpr int kWithSamples = 5;
+  if (argc < 3 || argc > kWithSamples) return 2;
   const std::string work = argv[1];
   const std::string file = argv[2];
-  const ScopeTraces traces = MakeTraces();
+  const ScopeTraces traces =
+      MakeTraces(argc == kWithSamples ? std::strtoul(argv[4], nullptr, 10) : kSamples);
   const Works works{
       {"save", [&] { return SaveRecording(traces, file); }},
       {"save-peer", [&] { return SaveRecordingPeer(traces, file); }},
@@ -158,7 +160,7 @@ int main(int argc, char** argv) {
     return CompareTimes(works) ? 0 : 1;
   }
   const auto found = works.find(work);
-  if (found == works.end() || argc != 4) return 2;
+  if (found == works.end() || argc < 4) return 2;
   const long times = std::strtol(argv[3], nullptr, 10);
   std::size_t total = 0;
   for (long i = 0; i < times; ++i) total += found->second();

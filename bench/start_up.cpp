@@ -1,26 +1,20 @@
 // How long the program takes from its start to a window that can be used, beside an empty Qt
-// Widgets program (a main window with one menu title and nothing else): each run is a process of
-// its own, and the clock stops when the event loop is idle behind the first painted window. The two
-// take turns; prints the ratio of the medians.
+// Widgets program (empty_window): each run is a process of its own, and the clock stops when the
+// event loop is idle behind the first painted window. The two take turns; prints the ratio of the
+// medians.
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QApplication>
-#include <QEvent>
-#include <QMainWindow>
-#include <QMenuBar>
-#include <QTimer>
-#include <QWidget>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "FirstIdle.h"
 #include "Table.h"
 #include "ui/CZelorGasApp.h"
 
@@ -29,41 +23,17 @@ namespace {
 constexpr double kGoal = 1.5;
 constexpr int kRuns = 15;
 
-// Says so on standard output once a window has been painted and nothing else is waiting, and ends
-// the program.
-class FirstIdle final : public QObject {
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    const auto* const widget = qobject_cast<QWidget*>(watched);
-    if (!seen_ && event->type() == QEvent::Paint && widget != nullptr && widget->isVisible()) {
-      seen_ = true;
-      QTimer::singleShot(0, this, [] {
-        if (write(STDOUT_FILENO, "!", 1) == 1) std::_Exit(EXIT_SUCCESS);
-        std::_Exit(EXIT_FAILURE);
-      });
-    }
-    return false;
-  }
-  bool seen_ = false;
-};
-
-int RunEmpty(int argc, char** argv) {
-  const QApplication qt(argc, argv);
-  FirstIdle idle;
-  QCoreApplication::instance()->installEventFilter(&idle);
-  QMainWindow window;
-  window.menuBar()->addMenu("&File");
-  window.show();
-  return QApplication::exec();
-}
-
 int RunWindow(int argc, char** argv) {
   zelorgas::CZelorGasApp program(argc, argv);
-  FirstIdle idle;
+  zelorgas::FirstIdle idle;
   QCoreApplication::instance()->installEventFilter(&idle);
   return program.Run();
 }
 
-double TimeMs(const char* program, const char* kind) {
+// A process of this program with it opens the window instead of measuring.
+constexpr const char* kOpenTheWindow = "ZELORGAS_START_UP";
+
+double TimeMs(const std::string& program) {
   int pipe_ends[2];
   if (pipe(pipe_ends) != 0) throw std::runtime_error("no pipe");
   const auto start = std::chrono::steady_clock::now();
@@ -73,8 +43,8 @@ double TimeMs(const char* program, const char* kind) {
     dup2(pipe_ends[1], STDOUT_FILENO);
     close(pipe_ends[0]);
     close(pipe_ends[1]);
-    setenv("ZELORGAS_START_UP", kind, 1);
-    execl(program, program, nullptr);
+    setenv(kOpenTheWindow, "1", 1);
+    execl(program.c_str(), program.c_str(), nullptr);
     std::_Exit(127);
   }
   close(pipe_ends[1]);
@@ -83,7 +53,7 @@ double TimeMs(const char* program, const char* kind) {
   const auto end = std::chrono::steady_clock::now();
   close(pipe_ends[0]);
   waitpid(child, nullptr, 0);
-  if (!up) throw std::runtime_error(std::string("no window from ") + kind);
+  if (!up) throw std::runtime_error("no window from " + program);
   return std::chrono::duration<double, std::milli>(end - start).count();
 }
 
@@ -92,16 +62,20 @@ double Median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-int Compare(const char* program) {
+int Compare(const std::string& program) {
+  const std::string beside =
+      std::filesystem::path(program).replace_filename("empty_window").string();
   // Settings of its own: nobody's port and window place matter here.
-  const std::string settings = (std::filesystem::temp_directory_path() / "zelorgas-start").string();
+  const std::string settings =
+      (std::filesystem::temp_directory_path() / ("zelorgas-start-" + std::to_string(getpid())))
+          .string();
   setenv("XDG_CONFIG_HOME", settings.c_str(), 1);
-  if (getenv("DISPLAY") == nullptr) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  if (getenv("DISPLAY") == nullptr) throw std::runtime_error("a window needs a display, DISPLAY");
   std::vector<double> empty;
   std::vector<double> window;
   for (int run = 0; run < kRuns; ++run) {
-    empty.push_back(TimeMs(program, "empty"));
-    window.push_back(TimeMs(program, "window"));
+    empty.push_back(TimeMs(beside));
+    window.push_back(TimeMs(program));
   }
   std::filesystem::remove_all(settings);
   const double ratio = Median(window) / Median(empty);
@@ -114,9 +88,7 @@ int Compare(const char* program) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const char* const kind = getenv("ZELORGAS_START_UP");
-  if (kind != nullptr && std::strcmp(kind, "empty") == 0) return RunEmpty(argc, argv);
-  if (kind != nullptr) return RunWindow(argc, argv);
+  if (getenv(kOpenTheWindow) != nullptr) return RunWindow(argc, argv);
   try {
     return Compare(argv[0]);
   } catch (const std::exception& error) {

@@ -3,6 +3,8 @@
 # told by name, clean-up on every way out, the Debian packages that a step needs, and the build.
 # To be sourced; leaves the shell in the checkout's root, so that a script works from any folder.
 
+# Where the person is, for paths that they give.
+STARTED_IN=$PWD
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$ROOT" || exit
 

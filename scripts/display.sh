@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034  # variables are for who sources this
-# A virtual X display, for programs with a window. To be sourced after common.sh and prefix.sh.
+# A virtual X display, for programs with a window. To be sourced after common.sh.
 
 DISPLAY_PID=
 DISPLAY_OUTPUT=
