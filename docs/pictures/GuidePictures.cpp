@@ -4,7 +4,8 @@
 //
 // The window needs no display. --scale is what the system's scaling is, 1.5 for 150 %; --window the
 // window's size in real pixels; --all adds what the guide does not show. Prints every text that has
-// too little room. Exit status: 0 done, 1 not, 2 the command line is wrong.
+// too little room. Exit status: 0 done, 1 not, or there is such a text, 2 the command line is
+// wrong.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <cstdio>
@@ -78,5 +79,5 @@ int main(int argc, char** argv) {
   GuideScenes scenes(std::move(pictures));
   const bool done = scenes.Run();
   for (const QString& text : scenes.CutOff()) std::printf("%s\n", qUtf8Printable(text));
-  return done ? 0 : 1;
+  return done && scenes.CutOff().isEmpty() ? 0 : 1;
 }

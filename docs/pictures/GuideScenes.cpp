@@ -4,11 +4,14 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QStyleOptionComboBox>
 #include <array>
 #include <atomic>
 #include <chrono>
@@ -55,13 +58,49 @@ std::uint16_t TunedCoefficient(int row, int column) {
   return static_cast<std::uint16_t>(std::lround(112 + 14 * load + 34 * hill - 9 * speed));
 }
 
+// The column header that is cut off and has no tip to say it all.
+QString CutOffHeader(const QHeaderView& header) {
+  for (int i = 0; i < header.count(); ++i) {
+    const auto of_header = [&](int role) {
+      return header.model()->headerData(i, Qt::Horizontal, role).toString();
+    };
+    const int wanted = header.fontMetrics().horizontalAdvance(of_header(Qt::DisplayRole));
+    if (wanted > header.sectionSize(i) && of_header(Qt::ToolTipRole).isEmpty()) {
+      return of_header(Qt::DisplayRole);
+    }
+  }
+  return {};
+}
+
 // The text of a widget that has less room than it needs; what gives way on purpose is not meant.
 QString CutOffText(const QWidget& widget) {
   if (!widget.isVisible() || qobject_cast<const CElidedLabel*>(&widget) != nullptr) return {};
+  if (const auto* const header = qobject_cast<const QHeaderView*>(&widget)) {
+    return CutOffHeader(*header);
+  }
+  if (const auto* const area = qobject_cast<const QAbstractScrollArea*>(&widget)) {
+    const bool whole = area->horizontalScrollBar()->maximum() == 0;
+    return whole ? QString() : "scrolled sideways: " + area->accessibleName();
+  }
+  if (const auto* const tabs = qobject_cast<const QTabBar*>(&widget)) {
+    return tabs->sizeHint().width() > tabs->width() ? tabs->tabText(tabs->count() - 1) : QString();
+  }
   const auto* const label = qobject_cast<const QLabel*>(&widget);
   const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
-  const QString text = label != nullptr ? label->text() : button != nullptr ? button->text() : "";
+  const auto* const list = qobject_cast<const QComboBox*>(&widget);
+  const QString text = label != nullptr    ? label->text()
+                       : button != nullptr ? button->text()
+                       : list != nullptr   ? list->currentText()
+                                           : QString();
   if (text.trimmed().isEmpty()) return {};
+  if (list != nullptr) {
+    QStyleOptionComboBox option;
+    option.initFrom(list);
+    option.editable = list->isEditable();
+    const QRect room = list->style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                     QStyle::SC_ComboBoxEditField, list);
+    return list->fontMetrics().horizontalAdvance(text) > room.width() ? text : QString();
+  }
   const bool wraps = label != nullptr && label->wordWrap();
   const bool fits = wraps ? label->heightForWidth(widget.width()) <= widget.height() + 1
                           : widget.minimumSizeHint().width() <= widget.width() + 1;

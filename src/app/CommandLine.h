@@ -1,5 +1,5 @@
-// The window program's command line: zelorgas [admin] [demo] [FILE.fob|FILE.osc]. Pure, safe from
-// any thread.
+// The window program's command line: zelorgas [admin] [demo] [documents] [FILE.fob|FILE.osc]. Pure,
+// safe from any thread.
 #pragma once
 
 #include <span>
@@ -11,10 +11,11 @@
 namespace zelorgas {
 
 struct CommandLine {
-  bool admin = false;  // administrator mode
-  bool demo = false;   // connect to the simulated ECU
-  std::string file;    // the document to open; empty when none is given
-  Message problem;     // why the program cannot go on, for a person; empty when all is well
+  bool admin = false;      // administrator mode
+  bool demo = false;       // connect to the simulated ECU
+  bool documents = false;  // work in "ZelorGAS" among the person's documents
+  std::string file;        // the document to open; empty when none is given
+  Message problem;         // why the program cannot go on, for a person; empty when all is well
 };
 
 // `arguments` without the program's name and without those that the toolkit takes for itself.

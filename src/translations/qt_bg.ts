@@ -104,7 +104,7 @@
     </message>
     <message>
         <source>&amp;Paste</source>
-        <translation>П&amp;остави</translation>
+        <translation>Пос&amp;тави</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -139,7 +139,7 @@
     </message>
     <message>
         <source>&amp;Paste</source>
-        <translation>П&amp;остави</translation>
+        <translation>Пос&amp;тави</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -154,7 +154,7 @@
     <name>QAbstractSpinBox</name>
     <message>
         <source>&amp;Select All</source>
-        <translation>&amp;Избери всичко</translation>
+        <translation>Избери &amp;всичко</translation>
     </message>
     <message>
         <source>&amp;Step up</source>
@@ -449,6 +449,10 @@ Do you want to delete it anyway?</source>
 </context>
 <context>
     <name>QFileSystemModel</name>
+    <message>
+        <source>Computer</source>
+        <translation>Компютърът</translation>
+    </message>
     <message>
         <source>Name</source>
         <translation>Име</translation>

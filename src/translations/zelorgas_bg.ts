@@ -201,9 +201,12 @@ ECU: %1</source>
         <source>%1 min %2 s left</source>
         <translation>остават %1 min %2 s</translation>
     </message>
-    <message>
-        <source>%1 s left</source>
-        <translation>остават %1 s</translation>
+    <message numerus="yes">
+        <source>%n s left</source>
+        <translation>
+            <numerusform>остава %n s</numerusform>
+            <numerusform>остават %n s</numerusform>
+        </translation>
     </message>
     <message>
         <source>In its bootloader (%1)</source>
@@ -239,7 +242,7 @@ ECU: %1</source>
     </message>
     <message>
         <source>Look a&amp;gain</source>
-        <translation>&amp;Търси пак</translation>
+        <translation>Търси &amp;пак</translation>
     </message>
     <message>
         <source>Look again for images</source>
@@ -494,7 +497,7 @@ ECU: %1</source>
 <context>
     <name>zelorgas::CDifferenceTable</name>
     <message>
-        <source>&amp;Close</source>
+        <source>Cl&amp;ose</source>
         <translation>За&amp;твори</translation>
     </message>
     <message>
@@ -509,12 +512,13 @@ ECU: %1</source>
         <source>%1 and %2 agree.</source>
         <translation>%1 и %2 съвпадат.</translation>
     </message>
-    <message numerus="yes">
-        <source>%1 and %2 differ in %n value(s).</source>
-        <translation>
-            <numerusform>%1 и %2 се различават по %n стойност.</numerusform>
-            <numerusform>%1 и %2 се различават по %n стойности.</numerusform>
-        </translation>
+    <message>
+        <source>%1 and %2 differ in 1 value.</source>
+        <translation>%1 и %2 се различават по 1 стойност.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 differ in %3 values.</source>
+        <translation>%1 и %2 се различават по %3 стойности.</translation>
     </message>
     <message>
         <source>Value</source>
@@ -900,11 +904,11 @@ GridRow[%3], регистър %4</translation>
     </message>
     <message>
         <source>Live: %1 ms, %2 1/min, %3</source>
-        <translation>Сега: %1 ms, %2 1/min, %3</translation>
+        <translation>Текущо: %1 ms, %2 1/min, %3</translation>
     </message>
     <message>
         <source>Live: %1</source>
-        <translation>Сега: %1</translation>
+        <translation>Текущо: %1</translation>
     </message>
 </context>
 <context>
@@ -1228,7 +1232,7 @@ Register %3</source>
     </message>
     <message>
         <source>Live</source>
-        <translation>В момента</translation>
+        <translation>Текущо</translation>
     </message>
     <message>
         <source>%1 bar</source>
@@ -1267,7 +1271,7 @@ Register %3</source>
     </message>
     <message>
         <source>Seconds before the newest sample</source>
-        <translation>Секунди преди последния отчет</translation>
+        <translation>Секунди преди последното измерване</translation>
     </message>
     <message>
         <source>Notes</source>
@@ -1283,7 +1287,7 @@ Register %3</source>
     </message>
     <message>
         <source>Ti&amp;me span</source>
-        <translation>&amp;Интервал</translation>
+        <translation>Ин&amp;тервал</translation>
     </message>
     <message>
         <source>Time span</source>
@@ -1319,11 +1323,11 @@ Register %3</source>
     </message>
     <message>
         <source>%1 s before the newest</source>
-        <translation>%1 s преди последния</translation>
+        <translation>%1 s преди последното</translation>
     </message>
     <message>
         <source>Newest sample</source>
-        <translation>Последен отчет</translation>
+        <translation>Последно измерване</translation>
     </message>
     <message>
         <source>&amp;Run</source>
@@ -1368,10 +1372,6 @@ Do you want to replace it?</source>
         <translation>Експорт</translation>
     </message>
     <message>
-        <source>Hint</source>
-        <translation>Подсказка</translation>
-    </message>
-    <message>
         <source>Picture (*.png)</source>
         <translation>Картина (*.png)</translation>
     </message>
@@ -1403,8 +1403,8 @@ Do you want to replace it?</source>
         <translation>Прочита отново съхранените грешки от контролера</translation>
     </message>
     <message>
-        <source>Delete &amp;error</source>
-        <translation>&amp;Изтрий грешката</translation>
+        <source>De&amp;lete error</source>
+        <translation>Изтрий &amp;грешката</translation>
     </message>
     <message>
         <source>Deletes the selected error in the ECU</source>
@@ -1443,11 +1443,11 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>&amp;Compare with the ECU</source>
-        <translation>Сравни с &amp;контролера</translation>
+        <translation>&amp;Сравни с контролера</translation>
     </message>
     <message>
-        <source>Compare with a &amp;file...</source>
-        <translation>Сравни с &amp;файл...</translation>
+        <source>Co&amp;mpare with a file...</source>
+        <translation>Сравни с фа&amp;йл...</translation>
     </message>
     <message>
         <source>Connect to an ECU first</source>
@@ -1664,6 +1664,10 @@ Do you want to replace it?</source>
         <translation>Прекратява връзката с контролера</translation>
     </message>
     <message>
+        <source>Firmware update...</source>
+        <translation>Обновяване на фърмуера...</translation>
+    </message>
+    <message>
         <source>Identifying the ECU...</source>
         <translation>Разпознаване на контролера...</translation>
     </message>
@@ -1709,7 +1713,7 @@ Register %2</source>
     </message>
     <message>
         <source>Outlet</source>
-        <translation>Изход</translation>
+        <translation>Outlet</translation>
     </message>
     <message>
         <source>%1, %2 1/min
@@ -1726,7 +1730,7 @@ Register %2</source>
     </message>
     <message>
         <source>Live updates</source>
-        <translation>Текущи отчети</translation>
+        <translation>Текущи измервания</translation>
     </message>
     <message>
         <source>ms</source>
@@ -2146,7 +2150,7 @@ Do you realy want to continue?</source>
     </message>
     <message>
         <source>change-over delay with a cold engine</source>
-        <translation>забавяне на превключването при студен двигател</translation>
+        <translation>закъснение на превключването при студен двигател</translation>
     </message>
     <message>
         <source>engine speed condition with a cold engine</source>
@@ -2158,7 +2162,7 @@ Do you realy want to continue?</source>
     </message>
     <message>
         <source>change-over delay with a hot engine</source>
-        <translation>забавяне на превключването при топъл двигател</translation>
+        <translation>закъснение на превключването при топъл двигател</translation>
     </message>
     <message>
         <source>engine speed condition with a hot engine</source>
@@ -2166,7 +2170,7 @@ Do you realy want to continue?</source>
     </message>
     <message>
         <source>delay of the gas valve</source>
-        <translation>забавяне на газовия клапан</translation>
+        <translation>закъснение на газовия клапан</translation>
     </message>
     <message>
         <source>pulses for the petrol-to-gas change-over</source>
@@ -2210,11 +2214,11 @@ Do you realy want to continue?</source>
     </message>
     <message>
         <source>speed-up (acceleration) delay</source>
-        <translation>забавяне на ускорението</translation>
+        <translation>закъснение преди ускоряването</translation>
     </message>
     <message>
         <source>speed-up (acceleration) time</source>
-        <translation>време на ускорението</translation>
+        <translation>време на ускоряването</translation>
     </message>
     <message>
         <source>engine speed breakpoint A</source>
@@ -2230,19 +2234,19 @@ Do you realy want to continue?</source>
     </message>
     <message>
         <source>gas level sensor threshold for 25 %</source>
-        <translation>праг на датчика за ниво на газа при 25 %</translation>
+        <translation>праг на датчика за ниво на газа при 25 %</translation>
     </message>
     <message>
         <source>gas level sensor threshold for 50 %</source>
-        <translation>праг на датчика за ниво на газа при 50 %</translation>
+        <translation>праг на датчика за ниво на газа при 50 %</translation>
     </message>
     <message>
         <source>gas level sensor threshold for 75 %</source>
-        <translation>праг на датчика за ниво на газа при 75 %</translation>
+        <translation>праг на датчика за ниво на газа при 75 %</translation>
     </message>
     <message>
         <source>gas level sensor threshold for 100 %</source>
-        <translation>праг на датчика за ниво на газа при 100 %</translation>
+        <translation>праг на датчика за ниво на газа при 100 %</translation>
     </message>
     <message>
         <source>gas level sensor type (index)</source>
@@ -2262,7 +2266,7 @@ Do you realy want to continue?</source>
     </message>
     <message>
         <source>coolant temperature sensor type (index)</source>
-        <translation>тип на датчика за охл. течност (индекс)</translation>
+        <translation>тип на датчика за температура на охл. течност (индекс)</translation>
     </message>
     <message>
         <source>gas temperature sensor type (index)</source>
@@ -2274,7 +2278,7 @@ Do you realy want to continue?</source>
     </message>
     <message>
         <source>on/off pressure sensor type (index)</source>
-        <translation>тип на пресостата за налягане (индекс)</translation>
+        <translation>тип на пресостата (индекс)</translation>
     </message>
     <message>
         <source>engine speed signal source (index)</source>
@@ -2370,11 +2374,11 @@ Do you realy want to continue?</source>
     </message>
     <message>
         <source>return-to-idle speed, gas to petrol</source>
-        <translation>обороти за празен ход, от газ на бензин</translation>
+        <translation>обороти при връщане на празен ход, от газ</translation>
     </message>
     <message>
         <source>return-to-idle speed, petrol to gas</source>
-        <translation>обороти за празен ход, от бензин на газ</translation>
+        <translation>обороти при връщане на празен ход, от бензин</translation>
     </message>
     <message>
         <source>return-to-idle duration</source>
@@ -2382,11 +2386,11 @@ Do you realy want to continue?</source>
     </message>
     <message>
         <source>fuel cut-off speed limit</source>
-        <translation>граница на оборотите за отсечка</translation>
+        <translation>гранични обороти за прекъсване (cut-off)</translation>
     </message>
     <message>
         <source>cut-off duration without injection</source>
-        <translation>трайност на отсечката без впръскване</translation>
+        <translation>трайност без впръскване (cut-off)</translation>
     </message>
     <message>
         <source>enrichment on falling engine speed</source>
@@ -2784,7 +2788,7 @@ Nothing has been erased. Please try again.</source>
     </message>
     <message>
         <source>engine size (more than 500 cc)</source>
-        <translation>обем на двигателя (над 500 куб. см)</translation>
+        <translation>обем на двигателя (над 500 куб. см)</translation>
     </message>
     <message>
         <source>vehicle make</source>
@@ -2812,7 +2816,7 @@ Nothing has been erased. Please try again.</source>
     </message>
     <message>
         <source>coolant temperature sensor</source>
-        <translation>датчик за охл. течност</translation>
+        <translation>датчик за температура на охл. течност</translation>
     </message>
     <message>
         <source>Change-over</source>
@@ -2836,7 +2840,7 @@ Nothing has been erased. Please try again.</source>
     </message>
     <message>
         <source>Idle and cut-off</source>
-        <translation>Празен ход и отсечка</translation>
+        <translation>Празен ход и cut-off</translation>
     </message>
     <message>
         <source>Lambda</source>
@@ -3020,15 +3024,15 @@ Nothing has been erased. Please try again.</source>
     </message>
     <message>
         <source>Only one file can be opened, not also &quot;%1&quot;.
-Usage: zelorgas [admin] [demo] [FILE.fob|FILE.osc]</source>
+Usage: zelorgas [admin] [demo] [documents] [FILE.fob|FILE.osc]</source>
         <translation>Може да се отвори само един файл, не и „%1“.
-Използване: zelorgas [admin] [demo] [ФАЙЛ.fob|ФАЙЛ.osc]</translation>
+Използване: zelorgas [admin] [demo] [documents] [ФАЙЛ.fob|ФАЙЛ.osc]</translation>
     </message>
     <message>
         <source>Unknown argument &quot;%1&quot;.
-Usage: zelorgas [admin] [demo] [FILE.fob|FILE.osc]</source>
+Usage: zelorgas [admin] [demo] [documents] [FILE.fob|FILE.osc]</source>
         <translation>Непознат аргумент „%1“.
-Използване: zelorgas [admin] [demo] [ФАЙЛ.fob|ФАЙЛ.osc]</translation>
+Използване: zelorgas [admin] [demo] [documents] [ФАЙЛ.fob|ФАЙЛ.osc]</translation>
     </message>
     <message>
         <source>Another ECU answers than the one that was connected to!</source>

@@ -2,7 +2,8 @@
 
 #include <QCoreApplication>
 #include <QGridLayout>
-#include <QLocale>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <system_error>
@@ -14,6 +15,7 @@
 #include "ui/CCaption.h"
 #include "ui/Fonts.h"
 #include "ui/IdentityText.h"
+#include "ui/ScreenRoom.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
@@ -24,15 +26,13 @@ using Outcome = FirmwareDownload::Outcome;
 constexpr double kStatusSize = 1.2;
 constexpr int kWidthInCharacters = 72;
 
-QString BytesText(std::uintmax_t bytes) {
-  return CBootDlg::tr("%1 bytes").arg(QLocale().toString(static_cast<qulonglong>(bytes)));
-}
+QString BytesText(std::uintmax_t bytes) { return CBootDlg::tr("%1 bytes").arg(bytes); }
 
 QString RemainingText(std::chrono::seconds time) {
   const auto minutes = static_cast<int>(time.count() / 60);
   const auto seconds = static_cast<int>(time.count() % 60);
   return minutes > 0 ? CBootDlg::tr("%1 min %2 s left").arg(minutes).arg(seconds)
-                     : CBootDlg::tr("%1 s left").arg(seconds);
+                     : CBootDlg::tr("%n s left", nullptr, seconds);
 }
 
 QString EcuText(const EcuIdentity& ecu) {
@@ -65,27 +65,42 @@ CBootDlg::CBootDlg(ClpgecuDoc& document, MessageBoxes& boxes, Images images, Bac
   setAccessibleName(windowTitle());
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   const int space = fontMetrics().height();
-  hint_ = new QLabel(this);
+  auto* const content = new QWidget;
+  hint_ = new QLabel(content);
   hint_->setObjectName("boot_hint");
   hint_->setTextFormat(Qt::PlainText);
   hint_->setWordWrap(true);
   hint_->setMinimumHeight(fontMetrics().lineSpacing() * 3);
   hint_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  auto* const column = new QVBoxLayout(content);
+  column->setContentsMargins({});
+  column->setSpacing(space / 3);
+  column->addWidget(MakeEcuCard());
+  column->addWidget(MakeImageCard());
+  column->addWidget(MakeProgressCard());
+  column->addWidget(hint_);
+  column->addStretch(1);
+  // On a small screen, or a large scaling, all but the buttons is scrolled.
+  auto* const scroll = new QScrollArea(this);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setWidget(content);
   auto* const layout = new QVBoxLayout(this);
-  // So tight that the window fits a screen at 200 %.
   layout->setContentsMargins(space * 2 / 3, space / 2, space * 2 / 3, space / 2);
   layout->setSpacing(space / 3);
-  layout->addWidget(MakeEcuCard());
-  layout->addWidget(MakeImageCard());
-  layout->addWidget(MakeProgressCard());
-  layout->addWidget(hint_);
-  layout->addStretch(1);
+  layout->addWidget(scroll, 1);
   layout->addLayout(MakeButtons());
-  setMinimumWidth(fontMetrics().averageCharWidth() * kWidthInCharacters);
+  scroll->setMinimumWidth(std::max(
+      fontMetrics().averageCharWidth() * kWidthInCharacters,
+      content->minimumSizeHint().width() + scroll->verticalScrollBar()->sizeHint().width()));
   ShowEcu(ecu);
   ShowNoProgress(/*busy=*/false);
   ListImages();
   versions_->setFocus();
+  const QSize buttons = minimumSizeHint() - QSize(0, scroll->minimumSizeHint().height());
+  const int height = content->heightForWidth(scroll->minimumWidth()) + buttons.height();
+  resize(WithinScreen(*this, {buttons.width(), height}));
 }
 
 void CBootDlg::WaitForEnd() {
@@ -265,9 +280,7 @@ void CBootDlg::ShowStatus(const QString& text) {
 void CBootDlg::ShowProgress(const FlashProgress& progress) {
   bar_->setRange(0, 100);
   bar_->setValue(static_cast<int>(progress.percent));
-  bytes_->setText(tr("%1 of %2")
-                      .arg(QLocale().toString(static_cast<qulonglong>(progress.done)),
-                           BytesText(progress.total)));
+  bytes_->setText(tr("%1 of %2").arg(QString::number(progress.done), BytesText(progress.total)));
   const bool more = progress.remaining && progress.done < progress.total;
   remaining_->setText(more ? RemainingText(*progress.remaining) : QString());
 }

@@ -1,6 +1,5 @@
 #include "ui/CCard.h"
 
-#include <QLabel>
 #include <QPainter>
 
 #include "ui/Colours.h"
@@ -20,14 +19,28 @@ CCard::CCard(const QString& object_name, const QString& title, QWidget* parent) 
   const int space = fontMetrics().height();
   body_->setContentsMargins(space, space * 3 / 4, space, space);
   body_->setSpacing(space / 2);
-  auto* const heading = new QLabel(title, this);
-  heading->setFont(Emphasized(heading->font()));
+  heading_ = new QLabel(title, this);
+  heading_->setFont(Emphasized(heading_->font()));
   title_ = new QHBoxLayout;
-  title_->addWidget(heading, 1);
+  title_->addWidget(heading_, 1);
   body_->addLayout(title_);
 }
 
-void CCard::AddBesideTitle(QWidget* widget) { title_->addWidget(widget); }
+void CCard::AddBesideTitle(QWidget* widget) {
+  beside_ = widget;
+  title_->addWidget(widget);
+  heading_->setMinimumWidth(1);
+}
+
+void CCard::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (beside_ == nullptr) return;
+  const int wanted = heading_->sizeHint().width() + title_->spacing() + beside_->sizeHint().width();
+  const QMargins margins = body_->contentsMargins();
+  const bool fits = wanted <= width() - margins.left() - margins.right();
+  title_->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  title_->setAlignment(beside_, fits ? Qt::Alignment() : Qt::AlignLeft);
+}
 
 void CCard::paintEvent(QPaintEvent*) {
   QPainter painter(this);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QBoxLayout>
+#include <QLabel>
 #include <QWidget>
 
 namespace zelorgas {
@@ -12,15 +13,18 @@ class CCard : public QWidget {
  public:
   CCard(const QString& object_name, const QString& title, QWidget* parent = nullptr);
 
-  // In the title's line, at its right end.
+  // In the title's line, at its right end; below the title where both are too wide.
   void AddBesideTitle(QWidget* widget);
   // Below the title.
   [[nodiscard]] QVBoxLayout& Body() { return *body_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  QLabel* heading_;
+  QWidget* beside_ = nullptr;
   QHBoxLayout* title_;
   QVBoxLayout* body_;
 };

@@ -62,9 +62,9 @@ QSize CCellTable::sizeHint() const {
 }
 
 QSize CCellTable::minimumSizeHint() const {
-  // The text may be a little smaller than elsewhere where there is no room.
+  // The text may be smaller than elsewhere where there is no room.
   const int cell = fontMetrics().horizontalAdvance(widest_text_);
-  return {header_width_ + cell * columns_ * 9 / 10, fontMetrics().height() * 3 / 2 * (rows_ + 1)};
+  return {header_width_ + cell * columns_ * 7 / 10, fontMetrics().height() * 3 / 2 * (rows_ + 1)};
 }
 
 QRect CCellTable::CellRect(TableCell cell) const {

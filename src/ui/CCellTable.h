@@ -99,6 +99,7 @@ class CCellTable : public QWidget {
   void PaintHeaders(QPainter& painter, const QRegion& region);
   void PaintCells(QPainter& painter, const QRegion& region);
   void PaintSelection(QPainter& painter);
+  [[nodiscard]] QColor TextColour(const QColor& usual) const;
 
   const int rows_;
   const int columns_;

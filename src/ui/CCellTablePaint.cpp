@@ -73,12 +73,19 @@ void CCellTable::paintEvent(QPaintEvent* event) {
   PaintSelection(painter);
 }
 
+// Values of a link that is down are quiet, but still to be read. The palette's own colour for what
+// is disabled would be too faint on the colours of the cells.
+QColor CCellTable::TextColour(const QColor& usual) const {
+  QPalette active = palette();
+  active.setCurrentColorGroup(QPalette::Active);
+  return isEnabled() ? usual : CaptionColour(active);
+}
+
 void CCellTable::PaintHeaders(QPainter& painter, const QRegion& region) {
   const QColor line = BorderColour(palette());
   const QColor back = palette().color(QPalette::Window);
   const QColor marked = Mixed(back, palette().color(QPalette::Highlight), kHeaderShare);
-  const QColor text = isEnabled() ? palette().color(QPalette::Active, QPalette::WindowText)
-                                  : CaptionColour(palette());
+  const QColor text = TextColour(palette().color(QPalette::Active, QPalette::WindowText));
   painter.setFont(header_font_);
   const auto paint = [&](const QRect& rect, const QString& header, bool mark) {
     if (!region.intersects(rect)) return;
@@ -94,13 +101,13 @@ void CCellTable::PaintHeaders(QPainter& painter, const QRegion& region) {
   for (int row = 0; row < rows_; ++row) {
     const QRect cell = CellRect({row, 0});
     paint({0, cell.top(), cells.left(), cell.height()}, row_headers_[static_cast<std::size_t>(row)],
-          row >= selection_.First().row && row <= selection_.Last().row);
+          isEnabled() && row >= selection_.First().row && row <= selection_.Last().row);
   }
   for (int column = 0; column < columns_; ++column) {
     const QRect cell = CellRect({0, column});
     paint({cell.left(), 0, cell.width(), cells.top()},
           column_headers_[static_cast<std::size_t>(column)],
-          column >= selection_.First().column && column <= selection_.Last().column);
+          isEnabled() && column >= selection_.First().column && column <= selection_.Last().column);
   }
   // Not as lines: on a finer screen those would leave a part of the edge unpainted.
   painter.fillRect(width() - 1, 0, 1, height(), line);
@@ -119,7 +126,7 @@ void CCellTable::PaintCells(QPainter& painter, const QRegion& region) {
       if (!region.intersects(rect)) continue;
       const Cell& cell = At({row, column});
       QColor back = cell.colour.isValid() ? cell.colour : empty;
-      if (several && selection_.Contains({row, column})) {
+      if (several && isEnabled() && selection_.Contains({row, column})) {
         back = Mixed(back, highlight, kSelectionShare);
       }
       if (!isEnabled()) back = Mixed(back, empty, 0.6);
@@ -127,7 +134,7 @@ void CCellTable::PaintCells(QPainter& painter, const QRegion& region) {
       painter.setPen(line);
       painter.drawLine(rect.topRight(), rect.bottomRight());
       painter.drawLine(rect.bottomLeft(), rect.bottomRight());
-      painter.setPen(isEnabled() ? TextOn(back) : CaptionColour(palette()));
+      painter.setPen(TextColour(TextOn(back)));
       // One that is wider than they usually are is written smaller, not cut off.
       const bool fits = metrics.horizontalAdvance(cell.text) <= rect.width();
       painter.setFont(fits ? cell_font_ : FittingFont(cell_font_, cell.text, rect.width()));

@@ -2,12 +2,23 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/Buttons.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
+namespace {
+
+// With places for the names of both.
+QString Heading(std::size_t differences) {
+  if (differences == 0) return CDifferenceTable::tr("%1 and %2 agree.");
+  if (differences == 1) return CDifferenceTable::tr("%1 and %2 differ in 1 value.");
+  return CDifferenceTable::tr("%1 and %2 differ in %3 values.")
+      .replace("%3", QString::number(differences));
+}
+
+}  // namespace
 
 CDifferenceTable::CDifferenceTable(QWidget* parent) : QWidget(parent) {
   heading_ = new QLabel(this);
@@ -17,8 +28,7 @@ CDifferenceTable::CDifferenceTable(QWidget* parent) : QWidget(parent) {
   QFont bold = heading_->font();
   bold.setBold(true);
   heading_->setFont(bold);
-  auto* const close = new QPushButton(tr("&Close"), this);
-  close->setObjectName("difference_close");
+  QPushButton* const close = MakeButton("difference_close", tr("Cl&ose"), this);
   close->setToolTip(tr("Shows the notes again"));
   table_ = new QTreeWidget(this);
   table_->setObjectName("difference_table");
@@ -27,6 +37,11 @@ CDifferenceTable::CDifferenceTable(QWidget* parent) : QWidget(parent) {
   table_->setUniformRowHeights(true);
   table_->setAlternatingRowColors(true);
   table_->setAllColumnsShowFocus(true);
+  table_->setColumnCount(3);
+  // The names of files, which may be long, share the room.
+  table_->header()->setSectionResizeMode(QHeaderView::Stretch);
+  table_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+  table_->header()->setTextElideMode(Qt::ElideRight);
   auto* const top = new QHBoxLayout;
   top->addWidget(heading_, 1);
   top->addWidget(close);
@@ -39,12 +54,14 @@ CDifferenceTable::CDifferenceTable(QWidget* parent) : QWidget(parent) {
 
 void CDifferenceTable::Show(const QString& first, const QString& second,
                             const std::vector<BlockDifference>& differences) {
-  heading_->setText(differences.empty() ? tr("%1 and %2 agree.").arg(first, second)
-                                        : tr("%1 and %2 differ in %n value(s).", nullptr,
-                                             static_cast<int>(differences.size()))
-                                              .arg(first, second));
+  heading_->setText(Heading(differences.size()).arg(first, second));
   table_->clear();
-  table_->setHeaderLabels({tr("Value"), first, second});
+  table_->setHeaderLabels({tr("Value"), first, Capitalised(second)});
+  for (const int column : {1, 2}) {
+    QTreeWidgetItem* const header = table_->headerItem();
+    header->setToolTip(column, header->text(column));
+    header->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+  }
   const auto side = [](std::optional<std::uint16_t> raw, const std::string& text) {
     return raw ? ToQString(text) : TranslatedMessage(kMissingText);
   };
@@ -57,11 +74,6 @@ void CDifferenceTable::Show(const QString& first, const QString& second,
     row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     row->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
   }
-  const int width = fontMetrics().averageCharWidth();
-  table_->setColumnWidth(0, width * 34);
-  table_->setColumnWidth(1, width * 26);
-  table_->setColumnWidth(2, width * 26);
-  table_->header()->setStretchLastSection(false);
 }
 
 }  // namespace zelorgas

@@ -124,6 +124,7 @@ void CEcuControl::UpdateNow(const std::string& name, const QString& text) {
   using End = FirmwareUpdate::End;
   const bool was_connected = state_ == State::kConnected;
   DisconnectNow();
+  updating_ = true;
   BeginOn(name, text);
   End end = End::kNotRunning;
   if (document_.OpenLink()) {
@@ -132,6 +133,7 @@ void CEcuControl::UpdateNow(const std::string& name, const QString& text) {
     boxes_.Inform(kPortBusy, MessageIcon::kError);
   }
   connection_.Disconnect();
+  updating_ = false;
   SetState(State::kDisconnected);
   if (end == End::kUpdated || (end == End::kUntouched && was_connected)) ConnectNow(name, text);
 }

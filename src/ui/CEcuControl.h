@@ -35,6 +35,9 @@ class CEcuControl final : public QObject {
   ~CEcuControl() override;
 
   [[nodiscard]] State CurrentState() const { return state_; }
+  // True while the firmware update has the port; the state is then that of a connection's
+  // beginning.
+  [[nodiscard]] bool Updating() const { return updating_; }
   // True while a procedure runs; buttons that would start another are disabled then.
   [[nodiscard]] bool Busy() const { return busy_; }
   // Of the last connection attempt, as far as the ECU said it; empty texts after a disconnection.
@@ -97,6 +100,7 @@ class CEcuControl final : public QObject {
   EcuConnection connection_;
 
   State state_ = State::kDisconnected;
+  bool updating_ = false;
   std::uint64_t connections_ = 0;  // those that succeeded
   bool busy_ = false;
   std::string port_name_;

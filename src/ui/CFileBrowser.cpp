@@ -4,6 +4,7 @@
 #include <QSplitter>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "config/Utf8Text.h"
@@ -46,10 +47,12 @@ CFileBrowser::CFileBrowser(const QString& object_name, std::filesystem::path roo
   list_->setAlternatingRowColors(true);
   list_->setColumnCount(kColumns);
   list_->setHeaderLabels({tr("Name"), tr("Changed"), tr("Notes")});
-  const int width = fontMetrics().averageCharWidth();
-  list_->setColumnWidth(kName, width * 34);
-  list_->setColumnWidth(kModified, width * 20);
-  list_->header()->setStretchLastSection(true);
+  list_->header()->setSectionResizeMode(kModified, QHeaderView::ResizeToContents);
+  list_->header()->setSectionResizeMode(kNotes, QHeaderView::Stretch);
+  list_->header()->setStretchLastSection(false);
+  list_->header()->setTextElideMode(Qt::ElideRight);
+  tree_->setMinimumWidth(fontMetrics().horizontalAdvance(TranslatedMessage(kStorageTreeName)) +
+                         3 * fontMetrics().height());
   splitter->setStretchFactor(0, 1);
   splitter->setStretchFactor(1, 3);
   splitter->setChildrenCollapsible(false);
@@ -67,6 +70,15 @@ CFileBrowser::CFileBrowser(const QString& object_name, std::filesystem::path roo
   connect(list_, &QTreeWidget::currentItemChanged, this, &CFileBrowser::SelectionChanged);
   connect(list_, &QTreeWidget::itemActivated, this, &CFileBrowser::FileActivated);
   Refresh();
+}
+
+// In a narrow window the notes have room beside the names.
+void CFileBrowser::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  constexpr int kUsual = 34;  // characters
+  constexpr double kShare = 0.28;
+  list_->setColumnWidth(kName, std::min(fontMetrics().averageCharWidth() * kUsual,
+                                        static_cast<int>(width() * kShare)));
 }
 
 void CFileBrowser::Refresh() {

@@ -37,6 +37,9 @@ class CFileBrowser final : public QWidget {
   // By Enter or a double click.
   void FileActivated();
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void ShowFolder(const StorageFolderEntry& folder, QTreeWidgetItem* item);
   void ListFiles();

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "config/StoragePaths.h"
+#include "ui/ScreenRoom.h"
 #include "ui/Text.h"
 
 namespace zelorgas {
@@ -44,7 +45,7 @@ CFileDlg::CFileDlg(Purpose purpose, const QString& title, const std::filesystem:
   connect(browser_, &CFileBrowser::FileActivated, this, &QDialog::accept);
   connect(name_, &QLineEdit::textChanged, this, &CFileDlg::Check);
   const QFontMetrics metrics = fontMetrics();
-  resize(metrics.averageCharWidth() * 110, metrics.height() * 28);
+  resize(WithinScreen(*this, {metrics.averageCharWidth() * 110, metrics.height() * 28}));
   if (purpose == Purpose::kSave) name_->setFocus();
   Check();
 }

@@ -12,14 +12,30 @@ constexpr int kFirstPercent = 5;
 
 QString PercentText(int percent) { return QString::asprintf("%d %%", percent); }
 
+// A text that may take two lines, for which there always is room.
+class TwoLines final : public QLabel {
+ public:
+  explicit TwoLines(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setFixedHeight(fontMetrics().lineSpacing() * 2);
+    setMinimumWidth(fontMetrics().averageCharWidth() * kLeastCharacters);
+  }
+
+  // The page is not to take it for a text that grows.
+  [[nodiscard]] bool hasHeightForWidth() const override { return false; }
+
+ private:
+  static constexpr int kLeastCharacters = 20;
+};
+
 }  // namespace
 
 CNudgeBar::CNudgeBar(GridModel& model, QAction* decrease, QAction* increase, QWidget* parent)
     : QWidget(parent), model_(model) {
-  live_ = new QLabel(this);
+  live_ = new TwoLines(this);
   live_->setObjectName("live_cell");
   live_->setAccessibleName(tr("Live cell"));
-  live_->setTextFormat(Qt::PlainText);
   percent_ = new QSlider(Qt::Horizontal, this);
   percent_->setObjectName("nudge_percent");
   percent_->setAccessibleName(tr("Per cent by which the live cell is nudged"));

@@ -24,6 +24,9 @@ constexpr int kPdfResolution = 96;
 constexpr const char* kCurveLayer = "main";
 constexpr double kLegendSize = 0.85;
 constexpr double kLegendStretch = 0.001;  // the line takes no more than it needs
+constexpr double kMarkRoom = 1.5;         // of a line's height, from one mark to the next
+constexpr int kLeastMarks = 2;
+constexpr int kMostMarks = 6;
 
 // Marks at fixed steps.
 class DivisionTicker final : public QCPAxisTickerFixed {
@@ -38,6 +41,16 @@ class DivisionTicker final : public QCPAxisTickerFixed {
 
  private:
   const int between_;
+};
+
+// No more marks than are wanted, at steps of 1, 2 or 5, or those ten times as large and so on.
+class PlainTicker final : public QCPAxisTicker {
+ protected:
+  double getTickStep(const QCPRange& range) override {
+    double magnitude = 1;
+    const double mantissa = getMantissa(range.size() / tickCount(), &magnitude);
+    return (mantissa <= 1 ? 1 : mantissa <= 2 ? 2 : mantissa <= 5 ? 5 : 10) * magnitude;
+  }
 };
 
 // A curve of which all lines are drawn by one call and with the painter's cheapest pen, one pixel
@@ -114,8 +127,19 @@ CPlot::CPlot(const QString& object_name, const QString& accessible_name, QWidget
     if (interactive_) setFocus(Qt::MouseFocusReason);
   });
   connect(plot_, &QCustomPlot::mouseDoubleClick, this, [this] { ResetRange(); });
+  plot_->yAxis->setTicker(QSharedPointer<PlainTicker>::create());
+  connect(plot_, &QCustomPlot::afterLayout, this, &CPlot::FitMarks);
   ResetRange();
   FollowPalette();
+}
+
+// In a low plot the vertical axis has fewer marks, so that their numbers keep apart.
+void CPlot::FitMarks() {
+  const double room = plot_->axisRect()->height() / (fontMetrics().height() * kMarkRoom);
+  const int marks = std::clamp(static_cast<int>(room), kLeastMarks, kMostMarks);
+  if (marks == plot_->yAxis->ticker()->tickCount()) return;
+  plot_->yAxis->ticker()->setTickCount(marks);
+  RedrawAll();
 }
 
 void CPlot::SetAxisTitles(const QString& horizontal, const QString& vertical) {
@@ -185,6 +209,34 @@ void CPlot::ShowLegend() {
   const int foot = fontMetrics().descent() / 2;
   for (int i = 0; i < legend->itemCount(); ++i) legend->item(i)->setMargins({0, 0, 0, foot});
   legend->setVisible(true);
+  // The names may stand in several lines.
+  plot_->setMinimumWidth(1);
+  FitLegend();
+}
+
+void CPlot::FitLegend() {
+  QCPLegend* const legend = plot_->legend;
+  if (!legend->visible() || legend->itemCount() == 0) return;
+  int widest = 1;
+  int together = 0;
+  for (int i = 0; i < legend->itemCount(); ++i) {
+    const int item = legend->item(i)->minimumOuterSizeHint().width() + legend->columnSpacing();
+    widest = std::max(widest, item);
+    together += item;
+  }
+  const int room = width() - legend->margins().left() - legend->margins().right();
+  // One line, or several of the same length.
+  int columns = legend->itemCount();
+  if (together > room) columns /= 2;
+  while (columns > 1 && columns * widest > room) columns /= 2;
+  if (columns == legend->wrap()) return;
+  legend->setWrap(columns);
+  legend->setFillOrder(QCPLegend::foColumnsFirst, true);
+}
+
+void CPlot::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  FitLegend();
 }
 
 std::size_t CPlot::AddCurve(const QString& name, const QColor& colour, bool dashed) {

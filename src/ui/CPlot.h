@@ -63,6 +63,7 @@ class CPlot final : public QWidget {
  protected:
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   // The axes show that the keys work here.
   void focusInEvent(QFocusEvent* event) override;
@@ -70,6 +71,8 @@ class CPlot final : public QWidget {
 
  private:
   void FollowPalette();
+  void FitMarks();
+  void FitLegend();
   void DrawCurves();
   void RedrawAll();
   void ShowDivisions();

@@ -55,28 +55,52 @@ CElidedLabel* CStatusLine::AddField(const QString& object_name, const QString& a
 
 void CStatusLine::ShowLinkState(CommStatus status) {
   if (const auto shown = TextOfCommStatus(status)) badge_->Show(shown->text, shown->colour);
+  GiveRoom();
 }
 
-void CStatusLine::ShowMessage(const QString& text) { message_->SetText(text); }
+void CStatusLine::ShowMessage(const QString& text) {
+  message_->SetText(text);
+  GiveRoom();
+}
 
 void CStatusLine::DropMessage(const QString& text) {
-  if (message_->text() == text) message_->SetText({});
+  if (message_->text() == text) ShowMessage({});
+}
+
+void CStatusLine::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  GiveRoom();
+}
+
+// A message is shown whole, and the state of the link always is: what matters less goes before
+// either is cut off.
+void CStatusLine::GiveRoom() {
+  const bool silent = message_->text().isEmpty();
+  const QMargins margins = layout()->contentsMargins();
+  int room = width() - margins.left() - margins.right() - badge_->sizeHint().width();
+  if (!silent) room -= message_->sizeHint().width();
+  for (CElidedLabel* const field : {port_, firmware_, serial_, quality_}) {
+    const QSize wanted = silent ? field->minimumSizeHint() : field->sizeHint();
+    room -= wanted.width() + layout()->spacing();
+    field->setVisible(room >= layout()->spacing());
+  }
 }
 
 void CStatusLine::ShowConnection() {
   using State = CEcuControl::State;
   const State state = context_.control.CurrentState();
-  if (state == State::kConnecting) {
+  if (state == State::kConnecting && !context_.control.Updating()) {
     ShowMessage(tr("Connecting on %1...").arg(context_.control.PortText()));
   }
   if (state == State::kDisconnecting) ShowMessage(tr("Disconnecting..."));
-  if (state == State::kConnected || state == State::kDisconnected) message_->SetText({});
+  if (state == State::kConnected || state == State::kDisconnected) ShowMessage({});
   const bool connected = state == State::kConnected;
   const EcuIdentity& identity = context_.control.Identity();
   port_->SetText(state == State::kDisconnected ? kNoValue : context_.control.PortText());
   firmware_->SetText(connected ? tr("Firmware %1").arg(VersionText(identity.software)) : kNoValue);
   serial_->SetText(connected ? SerialText(identity) : kNoValue);
   ShowQuality();
+  GiveRoom();
   if (connected) {
     quality_timer_.start();
   } else {

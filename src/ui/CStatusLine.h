@@ -23,7 +23,11 @@ class CStatusLine final : public QWidget {
   // When that is the message which is shown.
   void DropMessage(const QString& text);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  void GiveRoom();
   CElidedLabel* AddField(const QString& object_name, const QString& accessible_name,
                          const QString& tooltip);
   void ShowConnection();

@@ -7,34 +7,31 @@
 #include "ui/Text.h"
 
 namespace zelorgas {
-namespace {
-
-constexpr int kColumns = 2;
-
-QString Capitalised(QString text) {
-  if (!text.isEmpty()) text[0] = text[0].toUpper();
-  return text;
-}
-
-}  // namespace
 
 CTPSIdle::CTPSIdle(const TpsAccess& access, QWidget* parent)
     : CCard("tps_idle_card", TranslatedMessage(kTpsIdleTitle), parent), access_(access) {
-  auto* const grid = new QGridLayout;
-  grid->setHorizontalSpacing(fontMetrics().height());
-  const std::size_t rows = (fields_.size() + kColumns - 1) / kColumns;
+  grid_ = new QGridLayout;
+  grid_->setHorizontalSpacing(fontMetrics().height());
   for (std::size_t i = 0; i < fields_.size(); ++i) {
     fields_.at(i) = MakeField(i);
-    auto* const label = new QLabel(fields_.at(i)->accessibleName(), this);
-    label->setBuddy(fields_.at(i));
+    labels_.at(i) = new QLabel(fields_.at(i)->accessibleName(), this);
+    labels_.at(i)->setBuddy(fields_.at(i));
+  }
+  Arrange(2);
+  Body().addLayout(grid_);
+  Body().addStretch(1);
+}
+
+void CTPSIdle::Arrange(std::size_t columns) {
+  const std::size_t rows = (fields_.size() + columns - 1) / columns;
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
     const int row = static_cast<int>(i % rows);
     const int column = 2 * static_cast<int>(i / rows);
-    grid->addWidget(label, row, column);
-    grid->addWidget(fields_.at(i), row, column + 1);
-    grid->setColumnStretch(column, 1);
+    grid_->addWidget(labels_.at(i), row, column);
+    grid_->addWidget(fields_.at(i), row, column + 1);
   }
-  Body().addLayout(grid);
-  Body().addStretch(1);
+  grid_->setColumnStretch(0, 1);
+  grid_->setColumnStretch(2, columns > 1 ? 1 : 0);
 }
 
 CEntryField* CTPSIdle::MakeField(std::size_t setting) {

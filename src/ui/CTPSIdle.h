@@ -6,6 +6,9 @@
 
 #include "ui/CTpsTableCard.h"
 
+class QGridLayout;
+class QLabel;
+
 namespace zelorgas {
 
 class CTPSIdle final : public CCard {
@@ -14,6 +17,8 @@ class CTPSIdle final : public CCard {
  public:
   CTPSIdle(const TpsAccess& access, QWidget* parent);
 
+  // So many settings stand in a row.
+  void Arrange(std::size_t columns);
   // What the model holds now.
   void ShowValues();
 
@@ -21,7 +26,9 @@ class CTPSIdle final : public CCard {
   CEntryField* MakeField(std::size_t setting);
 
   const TpsAccess access_;
+  std::array<QLabel*, kIdleSettings.size()> labels_{};
   std::array<CEntryField*, kIdleSettings.size()> fields_{};
+  QGridLayout* grid_;
 };
 
 }  // namespace zelorgas

@@ -74,9 +74,15 @@ QWidget* CTabConfiguration::MakeSideBar() {
   auto* const column = new QVBoxLayout(side_);
   column->setContentsMargins({});
   column->setSpacing(fontMetrics().height() / 2);
+  completeness_area_ = new QScrollArea(side_);
+  completeness_area_->setFrameShape(QFrame::NoFrame);
+  completeness_area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  completeness_area_->setWidgetResizable(true);
+  completeness_area_->setWidget(completeness_);
+  completeness_area_->setMinimumHeight(fontMetrics().lineSpacing() * 2);
   column->addWidget(search_);
-  column->addWidget(titles_, 1);
-  column->addWidget(completeness_);
+  column->addWidget(titles_, 2);
+  column->addWidget(completeness_area_, 1);
   return side_;
 }
 
@@ -110,6 +116,12 @@ QWidget* CTabConfiguration::MakeSections() {
 void CTabConfiguration::resizeEvent(QResizeEvent*) {
   const int wanted = fontMetrics().horizontalAdvance("nozzle diameter (more than 1.0 mm) M");
   side_->setFixedWidth(std::min(wanted, width() / 4));
+  FitCompleteness();
+}
+
+// The list of groups has the room that this text does not need.
+void CTabConfiguration::FitCompleteness() {
+  completeness_area_->setMaximumHeight(std::max(0, completeness_->heightForWidth(side_->width())));
 }
 
 void CTabConfiguration::AddTitle(const QString& title) {
@@ -246,6 +258,7 @@ void CTabConfiguration::ShowMissingParts() {
   for (const FixedText part : missing) text += "\n\u2022 " + TranslatedMessage(part);
   completeness_->setText(text);
   completeness_->setAccessibleName(text);
+  FitCompleteness();
 }
 
 }  // namespace zelorgas

@@ -58,6 +58,7 @@ class CTabConfiguration final : public CEcuPage {
   void AddSwitchMode(Section& section, const Parameter& parameter);
   void ShowSections();
   void ShowMissingParts();
+  void FitCompleteness();
 
   UiContext& context_;
   PageModels& models_;
@@ -65,6 +66,7 @@ class CTabConfiguration final : public CEcuPage {
   QLineEdit* search_ = nullptr;
   QListWidget* titles_ = nullptr;
   QLabel* completeness_ = nullptr;
+  QScrollArea* completeness_area_ = nullptr;
   QLabel* found_ = nullptr;
   QScrollArea* scroll_ = nullptr;
   CVehicleCard* vehicle_ = nullptr;

@@ -11,6 +11,7 @@
 #include "config/StoragePaths.h"
 #include "config/Utf8Text.h"
 #include "platform/FileSystem.h"
+#include "ui/Buttons.h"
 #include "ui/CCaption.h"
 #include "ui/CFileDlg.h"
 #include "ui/ScopePoints.h"
@@ -77,6 +78,7 @@ CTabDiagnostics::CTabDiagnostics(UiContext& context, Oscilloscope& oscilloscope,
   graph->addWidget(MakeChannels());
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
+  rows_ = layout;
   layout->addWidget(MakeTools());
   layout->addLayout(graph, 1);
   layout->addWidget(notes_);
@@ -92,14 +94,13 @@ QWidget* CTabDiagnostics::MakeTools() {
   auto* const layout = new QHBoxLayout(tools);
   layout->setContentsMargins(0, 0, 0, 0);
   const auto button = [&](const char* name, const QString& text, const QString& tip) {
-    auto* const made = new QPushButton(text, tools);
-    made->setObjectName(name);
+    QPushButton* const made = MakeButton(name, text, tools);
     made->setToolTip(tip);
     layout->addWidget(made);
     return made;
   };
   run_ = button("scope_run", tr("&Stop"), {});
-  run_->setMinimumWidth(fontMetrics().averageCharWidth() * 12);
+  run_->setMinimumWidth(std::max(run_->minimumWidth(), fontMetrics().averageCharWidth() * 12));
   auto* const label = new QLabel(tr("Ti&me span"), tools);
   span_ = new CTimeSpin(tools);
   span_->setObjectName("scope_span");
@@ -109,11 +110,11 @@ QWidget* CTabDiagnostics::MakeTools() {
   layout->addSpacing(fontMetrics().height());
   layout->addWidget(label);
   layout->addWidget(span_);
-  layout->addSpacing(fontMetrics().height());
-  hint_ = new CElidedLabel(tools);
+  layout->addStretch(1);
+  tools_ = layout;
+  hint_ = new QLabel(tr("Mouse or arrow keys: read out. Wheel or + -: zoom. Drag: move."), this);
   hint_->setObjectName("scope_hint");
-  hint_->SetCaption(tr("Hint"), {});
-  layout->addWidget(hint_, 1);
+  hint_->setMinimumWidth(1);
   const QPushButton* const save =
       button("scope_save", tr("S&ave..."), tr("Saves the recording and its notes to a file"));
   const QPushButton* const load =
@@ -121,6 +122,7 @@ QWidget* CTabDiagnostics::MakeTools() {
   const QPushButton* const save_as =
       button("scope_export", tr("E&xport..."),
              tr("Saves the graph as a picture, or the values for a spreadsheet"));
+  tools_width_ = layout->sizeHint().width();
   connect(run_, &QPushButton::clicked, this, &CTabDiagnostics::RunOrStop);
   connect(span_, &CTimeSpin::Stepped, this, &CTabDiagnostics::StepSpan);
   connect(save, &QPushButton::clicked, this, &CTabDiagnostics::AskForFileToSave);
@@ -129,10 +131,25 @@ QWidget* CTabDiagnostics::MakeTools() {
   return tools;
 }
 
+// The hint stands among the tools, or below them where they leave it no room.
+void CTabDiagnostics::resizeEvent(QResizeEvent* event) {
+  CEcuPage::resizeEvent(event);
+  constexpr int kAfterSpan = 4;
+  const int space = fontMetrics().height();
+  const bool beside = tools_width_ + 2 * space + hint_->sizeHint().width() <= width();
+  hint_->setIndent(beside ? space : 0);
+  if (beside) {
+    tools_->insertWidget(kAfterSpan, hint_);
+  } else {
+    rows_->insertWidget(1, hint_);
+  }
+}
+
 QWidget* CTabDiagnostics::MakeChannels() {
   auto* const side = new QWidget(this);
   auto* const layout = new QVBoxLayout(side);
-  layout->setContentsMargins(fontMetrics().height() / 2, 0, 0, 0);
+  // At the right, too, where the page may have its scroll bar.
+  layout->setContentsMargins(fontMetrics().height() / 2, 0, fontMetrics().height() / 2, 0);
   place_ = new CCaption({}, side);
   place_->setObjectName("scope_place");
   layout->addWidget(place_);
@@ -202,8 +219,7 @@ void CTabDiagnostics::ShowControls() {
   run_->setText(recording ? tr("&Stop") : tr("&Run"));
   run_->setToolTip(recording ? tr("Stops recording; the graph can then be zoomed and read out")
                              : tr("Goes on recording"));
-  hint_->SetText(recording ? QString()
-                           : tr("Mouse or arrow keys: read out. Wheel or + -: zoom. Drag: move."));
+  hint_->setVisible(!recording);
   const bool can_double = oscilloscope_.TimeScale() < Oscilloscope::kLargestTimeScale;
   const bool can_halve = oscilloscope_.TimeScale() > Oscilloscope::kSmallestTimeScale;
   span_->ShowSpan(oscilloscope_.SpanSeconds(), can_double, can_halve);

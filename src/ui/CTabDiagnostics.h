@@ -3,6 +3,7 @@
 // be zoomed and moved, and pointing at it reads all channels out. User-interface thread.
 #pragma once
 
+#include <QBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -15,7 +16,6 @@
 #include "diag/RecordingFile.h"
 #include "ui/CChannelRow.h"
 #include "ui/CEcuPage.h"
-#include "ui/CElidedLabel.h"
 #include "ui/CPlot.h"
 #include "ui/CTimeSpin.h"
 #include "ui/UiContext.h"
@@ -41,6 +41,9 @@ class CTabDiagnostics final : public CEcuPage {
   // A recording was saved to this file or loaded from it.
   void FileUsed(const QString& file);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   bool Save(const ScopeSnapshot& seen, const std::filesystem::path& file);
   bool Export(const ScopeTraces& seen, const QString& file);
@@ -64,7 +67,10 @@ class CTabDiagnostics final : public CEcuPage {
   std::array<CChannelRow*, kScopeChannels> channels_{};
   QPushButton* run_ = nullptr;
   CTimeSpin* span_ = nullptr;
-  CElidedLabel* hint_ = nullptr;
+  QBoxLayout* rows_ = nullptr;
+  QBoxLayout* tools_ = nullptr;
+  int tools_width_ = 0;  // without the hint
+  QLabel* hint_ = nullptr;
   QLabel* place_ = nullptr;
   QPlainTextEdit* notes_;
   std::optional<double> cursor_;  // seconds before the newest sample, while stopped

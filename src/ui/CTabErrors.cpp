@@ -1,9 +1,15 @@
 #include "ui/CTabErrors.h"
 
-#include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/Buttons.h"
+
 namespace zelorgas {
+namespace {
+
+constexpr int kLeastCharacters = 20;
+
+}  // namespace
 
 CTabErrors::CTabErrors(UiContext& context, PageModels& models, QWidget* parent)
     : CEcuPage(parent), context_(context), models_(models) {
@@ -15,7 +21,7 @@ CTabErrors::CTabErrors(UiContext& context, PageModels& models, QWidget* parent)
              tr("Reads the stored errors from the ECU again"), &CTabErrors::Refresh);
   commands_->addStretch(1);
   QAction* const delete_one =
-      AddCommand("delete_error", tr("Delete &error"), tr("Deletes the selected error in the ECU"),
+      AddCommand("delete_error", tr("De&lete error"), tr("Deletes the selected error in the ECU"),
                  &CTabErrors::DeleteOne);
   delete_one->setShortcut(QKeySequence::Delete);
   delete_one->setShortcutContext(Qt::WidgetShortcut);
@@ -35,12 +41,11 @@ QAction* CTabErrors::AddCommand(const QString& object_name, const QString& text,
   action->setObjectName(object_name + "_action");
   connect(action, &QAction::triggered, this, command);
   sheet_->AddToMenus(action);
-  auto* const button = new QPushButton(text, this);
-  button->setObjectName(object_name + "_button");
+  QPushButton* const button = MakeButton(object_name + "_button", text, this,
+                                         fontMetrics().averageCharWidth() * kLeastCharacters);
   button->setAccessibleName(QString(text).remove('&'));
   button->setToolTip(tip);
   button->setMinimumHeight(fontMetrics().height() * 7 / 4);
-  button->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
   // A click leaves the selection and the keyboard with the list.
   button->setFocusPolicy(Qt::TabFocus);
   connect(button, &QPushButton::clicked, action, &QAction::trigger);

@@ -1,6 +1,5 @@
 #include "ui/CTabFiles.h"
 
-#include <QSplitter>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -8,6 +7,7 @@
 #include "config/StoragePaths.h"
 #include "config/Utf8Text.h"
 #include "platform/FileSystem.h"
+#include "ui/Buttons.h"
 #include "ui/CFileDlg.h"
 #include "ui/CStoreDlg.h"
 #include "ui/LoadWithProgress.h"
@@ -27,9 +27,8 @@ CTabFiles::CTabFiles(UiContext& context, PageModels& models, QWidget* parent)
   browser_ = new CFileBrowser("configuration_browser", StorageRoot(working_folder_),
                               std::string(kConfigurationExtension), this);
   auto* const details = new QWidget(this);
-  name_ = new QLabel(details);
+  name_ = new CElidedLabel(details);
   name_->setObjectName("file_shown");
-  name_->setTextFormat(Qt::PlainText);
   QFont bold = name_->font();
   bold.setBold(true);
   name_->setFont(bold);
@@ -46,15 +45,16 @@ CTabFiles::CTabFiles(UiContext& context, PageModels& models, QWidget* parent)
   below_ = new QStackedWidget(this);
   below_->addWidget(details);
   below_->addWidget(differences_);
-  auto* const splitter = new QSplitter(Qt::Vertical, this);
-  splitter->addWidget(browser_);
-  splitter->addWidget(below_);
-  splitter->setStretchFactor(0, 3);
-  splitter->setStretchFactor(1, 2);
-  splitter->setChildrenCollapsible(false);
+  halves_ = new QSplitter(Qt::Vertical, this);
+  halves_->addWidget(browser_);
+  halves_->addWidget(below_);
+  halves_->setStretchFactor(0, 3);
+  halves_->setStretchFactor(1, 2);
+  halves_->setChildrenCollapsible(false);
+  connect(below_, &QStackedWidget::currentChanged, this, &CTabFiles::ShareRoom);
   auto* const layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(splitter, 1);
+  layout->addWidget(halves_, 1);
   layout->addWidget(MakeButtons());
   connect(browser_, &CFileBrowser::SelectionChanged, this, &CTabFiles::FollowSelection);
   connect(browser_, &CFileBrowser::FileActivated, this, &CTabFiles::CompareWithEcu);
@@ -71,8 +71,7 @@ QWidget* CTabFiles::MakeButtons() {
   auto* const layout = new QVBoxLayout(side);
   layout->setContentsMargins(fontMetrics().height() / 2, 0, 0, 0);
   const auto button = [&](const char* name, const QString& text, void (CTabFiles::*clicked)()) {
-    auto* const made = new QPushButton(text, side);
-    made->setObjectName(name);
+    QPushButton* const made = MakeButton(name, text, side);
     layout->addWidget(made);
     connect(made, &QPushButton::clicked, this, clicked);
     return made;
@@ -82,9 +81,20 @@ QWidget* CTabFiles::MakeButtons() {
   layout->addSpacing(fontMetrics().height());
   compare_ = button("files_compare", tr("&Compare with the ECU"), &CTabFiles::CompareWithEcu);
   compare_files_ =
-      button("files_compare_files", tr("Compare with a &file..."), &CTabFiles::CompareWithFile);
+      button("files_compare_files", tr("Co&mpare with a file..."), &CTabFiles::CompareWithFile);
   layout->addStretch(1);
   return side;
+}
+
+// A comparison has the room while it lasts, then the list has its own again.
+void CTabFiles::ShareRoom(int shown) {
+  if (shown == 0) {
+    halves_->restoreState(before_comparison_);
+    return;
+  }
+  constexpr int kMuch = 1000;
+  before_comparison_ = halves_->saveState();
+  halves_->setSizes({kMuch, 3 * kMuch});
 }
 
 void CTabFiles::ShowImage() { browser_->Refresh(); }
@@ -119,7 +129,7 @@ void CTabFiles::FollowSelection() {
   const std::filesystem::path selected = file == nullptr ? std::filesystem::path() : file->path;
   if (selected != file_) below_->setCurrentIndex(0);
   file_ = selected;
-  name_->setText(file == nullptr ? tr("No file is selected.") : ToQString(file->name));
+  name_->SetText(file == nullptr ? tr("No file is selected.") : ToQString(file->name));
   ShowNotes(file == nullptr ? std::string() : file->notes);
   ShowButtons();
 }
@@ -140,7 +150,7 @@ void CTabFiles::ShowFile(const std::filesystem::path& file) {
   if (browser_->SelectedFile() != nullptr) return;
   from_elsewhere_ = true;
   file_ = full;
-  name_->setText(ToQString(PathText(full)));
+  name_->SetText(ToQString(PathText(full)));
   ShowNotes(ReadNotes(full));
   below_->setCurrentIndex(0);
   ShowButtons();

@@ -2,9 +2,10 @@
 // ECU, and comparing. Looking at files needs no ECU. User-interface thread.
 #pragma once
 
-#include <QLabel>
+#include <QByteArray>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <filesystem>
 
@@ -12,6 +13,7 @@
 #include "app/StoreProcedure.h"
 #include "ui/CDifferenceTable.h"
 #include "ui/CEcuPage.h"
+#include "ui/CElidedLabel.h"
 #include "ui/CFileBrowser.h"
 #include "ui/PageModels.h"
 #include "ui/UiContext.h"
@@ -45,6 +47,7 @@ class CTabFiles final : public CEcuPage {
 
  private:
   [[nodiscard]] QWidget* MakeButtons();
+  void ShareRoom(int shown);
   void FollowSelection();
   void ShowNotes(const std::string& notes);
   void ShowButtons();
@@ -60,8 +63,10 @@ class CTabFiles final : public CEcuPage {
   UiContext& context_;
   PageModels& models_;
   const std::filesystem::path working_folder_;
+  QSplitter* halves_;
+  QByteArray before_comparison_;
   CFileBrowser* browser_;
-  QLabel* name_;
+  CElidedLabel* name_;
   QPlainTextEdit* notes_;
   CDifferenceTable* differences_;
   QStackedWidget* below_;  // the notes or the differences

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <array>
 #include <optional>
 
 #include "ui/CCaption.h"
@@ -10,6 +11,9 @@
 
 namespace zelorgas {
 namespace {
+
+// Each language's name in itself, for whoever does not understand the one that is shown.
+constexpr std::array<const char*, kLanguageNames.size()> kOwnNames{"Български", "English"};
 
 QLabel* MakeHint(QWidget* parent) {
   auto* const hint = new CCaption({}, parent);
@@ -81,8 +85,10 @@ QWidget* CTabStart::MakeLanguageCard() {
   language_list_->setObjectName("language_list");
   language_list_->setAccessibleName(tr("Language"));
   language_list_->setToolTip(tr("Language of the program"));
-  for (const FixedText name : kLanguageNames) {
-    language_list_->addItem(TranslatedMessage(name));
+  for (std::size_t i = 0; i < kLanguageNames.size(); ++i) {
+    const QString own_name(kOwnNames[i]);
+    const QString name = TranslatedMessage(kLanguageNames[i]);
+    language_list_->addItem(name == own_name ? name : own_name + " (" + name + ")");
   }
   language_list_->setCurrentIndex(static_cast<int>(LanguageEntry(context_.settings.Language())));
   auto* const hint = MakeHint(card);
@@ -175,7 +181,8 @@ void CTabStart::ShowState() {
                                            : tr("Ends the connection to the ECU"));
   switch (state) {
     case State::kConnecting:
-      connection_hint_->setText(tr("Identifying the ECU..."));
+      connection_hint_->setText(context_.control.Updating() ? tr("Firmware update...")
+                                                            : tr("Identifying the ECU..."));
       break;
     case State::kDisconnecting:
       connection_hint_->setText(tr("Ending the connection..."));

@@ -39,6 +39,13 @@ CTabTPS::CTabTPS(UiContext& context, QWidget* parent)
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, fontMetrics().height() / 2);
   layout->addWidget(scroll);
+  // With a scroll bar beside it.
+  wide_ = content->minimumSizeHint().width() + fontMetrics().height();
+}
+
+void CTabTPS::resizeEvent(QResizeEvent* event) {
+  CEcuPage::resizeEvent(event);
+  idle_->Arrange(width() < wide_ ? 1 : 2);
 }
 
 void CTabTPS::ShowImage() {

@@ -22,6 +22,9 @@ class CTabTPS final : public CEcuPage {
   void ShowLive() override;
   void ShowLink(bool up) override;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void ShowValues();
 
@@ -31,6 +34,7 @@ class CTabTPS final : public CEcuPage {
   CTPSDeceleration* deceleration_;
   CTPSIdle* idle_;
   CTPSgen* end_points_;
+  int wide_;  // what the page needs with the idle settings in two columns
   bool link_up_ = false;
 };
 

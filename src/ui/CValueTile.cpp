@@ -50,8 +50,11 @@ int CValueTile::Margin() const { return fontMetrics().height() * 2 / 5; }
 QSize CValueTile::sizeHint() const {
   const QFontMetrics caption(CaptionFont());
   const QFontMetrics value(ValueFont());
-  const QString room = QStringLiteral("00.00");
-  const int width = qMax(caption.horizontalAdvance(caption_), value.horizontalAdvance(room));
+  // Four figures, with a point in between or with the unit behind them.
+  const int unit = QFontMetrics(Scaled(font(), kUnitSize)).horizontalAdvance(' ' + unit_);
+  const int width = qMax(caption.horizontalAdvance(caption_),
+                         qMax(value.horizontalAdvance(QStringLiteral("00.00")),
+                              value.horizontalAdvance(QStringLiteral("0000")) + unit));
   return {width + 2 * Margin(), caption.height() + value.height() + Margin()};
 }
 

@@ -1,7 +1,9 @@
 #include "ui/CZelorGasApp.h"
 
+#include <QDir>
 #include <QIcon>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTimer>
 #include <filesystem>
 #include <memory>
@@ -12,9 +14,11 @@
 #include "app/CommandLine.h"
 #include "app/StartUp.h"
 #include "config/StoragePaths.h"
+#include "platform/FileSystem.h"
 #include "platform/PortList.h"
 #include "ui/CFirmwareUpdate.h"
 #include "ui/CMainFrame.h"
+#include "ui/Colours.h"
 #include "ui/LanguageTexts.h"
 #include "ui/QtMessageBoxes.h"
 #include "ui/Text.h"
@@ -39,13 +43,42 @@ void EnlargeFont() {
   QApplication::setFont(font);
 }
 
+// Some desktops give dark fields the placeholder of light ones.
+void MakePlaceholdersReadable() {
+  constexpr int kHalf = 128;
+  const QPalette palette = QApplication::palette();
+  const auto dark = [&palette](QPalette::ColorRole role) {
+    return TextOn(palette.color(role)) == Qt::white;
+  };
+  if (dark(QPalette::PlaceholderText) != dark(QPalette::Base)) return;
+  QColor colour = palette.color(QPalette::Text);
+  colour.setAlpha(kHalf);
+  // All else goes on following the system.
+  QPalette mended;
+  mended.setColor(QPalette::PlaceholderText, colour);
+  QApplication::setPalette(mended);
+}
+
 // One picture for each place that shows it: title bar, task bar, task switcher.
 QIcon ProgramIcon() {
   QIcon icon;
   for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
-    icon.addFile(QString(":/icons/zelorgas-%1.png").arg(size));
+    // With its size told, a picture is not read before it is shown.
+    icon.addFile(QString(":/icons/zelorgas-%1.png").arg(size), {size, size});
   }
   return icon;
+}
+
+// A desktop has no folder of its own to start the program in: storage and firmware images then lie
+// in "ZelorGAS" among the person's documents, and not all over their home or beside the file that
+// is opened. Where that cannot be made, the program works in the folder that it was started in.
+void WorkAmongDocuments(std::string& file) {
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::absolute(PathFromText(file), error);
+  if (!file.empty() && !error) file = PathText(path);
+  const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + "/" +
+                    QCoreApplication::applicationName());
+  if (folder.mkpath("firmware")) static_cast<void>(QDir::setCurrent(folder.path()));
 }
 
 // The same style everywhere follows the palette in light and dark; an argument overrides it.
@@ -63,6 +96,7 @@ CZelorGasApp::CZelorGasApp(int& argc, char** argv)
   // By this name a desktop finds the menu's entry of a window.
   QGuiApplication::setDesktopFileName("zelorgas");
   EnlargeFont();
+  MakePlaceholdersReadable();
 }
 
 int CZelorGasApp::Run() {
@@ -71,6 +105,9 @@ int CZelorGasApp::Run() {
     boxes.Inform(StartFailureText(system_.Failure()), MessageIcon::kError);
     return kStartFailed;
   }
+  CommandLine command_line = ParseCommandLine(ToStrings(arguments_));
+  const QString started_in = QDir::currentPath();
+  if (command_line.documents) WorkAmongDocuments(command_line.file);
   const std::unique_ptr<SettingsStore> store = OpenSettingsStore(kSettingsCompany);
   Settings settings(*store);
   LanguageTexts language;
@@ -90,7 +127,6 @@ int CZelorGasApp::Run() {
   CEcuControl control(document, boxes, *store, firmware, counters);
   PortListModel ports(ListSerialPorts, settings.Port());
 
-  const CommandLine command_line = ParseCommandLine(ToStrings(arguments_));
   if (!command_line.problem.empty()) {
     boxes.Inform(command_line.problem, MessageIcon::kError);
     return kStartFailed;
@@ -107,7 +143,7 @@ int CZelorGasApp::Run() {
   if (command_line.demo) QTimer::singleShot(0, &frame, &CMainFrame::StartDemo);
   const int exit_status = QApplication::exec();
   if (frame.RestartWanted()) {
-    QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments_);
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments_, started_in);
   }
   return exit_status;
 }

@@ -1,9 +1,12 @@
 #include "ui/ClpgecuView.h"
 
+#include <QEvent>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <initializer_list>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -16,6 +19,41 @@ namespace {
 
 constexpr int kAnswerWatchMs = 100;
 constexpr FixedText kNoAnswer = FixedText::Of("The ECU does not answer.");
+
+// Strips one above the other. They take no more than a share of the height: in a small window they
+// are scrolled, so that the page below keeps some.
+class StripArea final : public QScrollArea {
+ public:
+  StripArea(std::initializer_list<QWidget*> strips, QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    auto* const content = new QWidget;
+    auto* const layout = new QVBoxLayout(content);
+    layout->setContentsMargins({});
+    for (QWidget* const strip : strips) layout->addWidget(strip);
+    setWidget(content);
+    parent->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool filtered = QScrollArea::eventFilter(watched, event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) Fit();
+    return filtered;
+  }
+
+ private:
+  void Fit() {
+    constexpr double kShare = 0.45;
+    const QSize wanted = widget()->minimumSizeHint();
+    const int most = static_cast<int>(parentWidget()->height() * kShare);
+    const int bar = wanted.height() > most ? verticalScrollBar()->sizeHint().width() : 0;
+    setMinimumWidth(wanted.width() + bar);
+    setFixedHeight(std::min(wanted.height(), most));
+  }
+};
 
 }  // namespace
 
@@ -41,8 +79,7 @@ ClpgecuView::ClpgecuView(UiContext& context, QWidget* parent) : QWidget(parent),
 
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(8, 8, 8, 0);
-  layout->addWidget(live_strip_);
-  layout->addWidget(cylinder_strip_);
+  layout->addWidget(new StripArea({live_strip_, cylinder_strip_}, this));
   layout->addWidget(tabs_, 1);
 
   answer_timer_.setInterval(kAnswerWatchMs);

@@ -18,12 +18,24 @@ constexpr std::uint32_t kDemoSeed = 2024;
 
 }  // namespace
 
+SimulatedBench::Bench::Bench(Clock& clock, SimulatedEcuOptions ecu_options,
+                             SimulatedLineOptions line_options)
+    : ecu(clock, std::move(ecu_options)),
+      line(ecu, clock, line_options),
+      opener(SimulatedPort(line, clock)) {}
+
 SimulatedBench::SimulatedBench(Clock& clock, SimulatedEcuOptions ecu, SimulatedLineOptions line)
-    : ecu_(clock, std::move(ecu)), line_(ecu_, clock, line), opener_(SimulatedPort(line_, clock)) {}
+    : clock_(clock), ecu_options_(std::move(ecu)), line_options_(line) {}
+
+SimulatedBench::Bench& SimulatedBench::Made() {
+  std::call_once(made_,
+                 [this] { bench_ = std::make_unique<Bench>(clock_, ecu_options_, line_options_); });
+  return *bench_;
+}
 
 SerialOpener SimulatedBench::Opener(SerialOpener others) {
   return [this, others = std::move(others)](const std::string& name) {
-    return name == kSimulatedPortName ? opener_(name) : others(name);
+    return name == kSimulatedPortName ? Made().opener(name) : others(name);
   };
 }
 
@@ -38,8 +50,8 @@ std::optional<std::filesystem::path> SimulatedBench::WriteDemoImage(
 
 void SimulatedBench::SetEcuUnplugged(bool unplugged) {
   // A silence of no length ends the one before it.
-  line_.WithFaults([](LineFaults& faults) { faults.Clear(); });
-  line_.ArmFault({FaultKind::kSilent, unplugged ? kForGoodMs : 0});
+  Line().WithFaults([](LineFaults& faults) { faults.Clear(); });
+  Line().ArmFault({FaultKind::kSilent, unplugged ? kForGoodMs : 0});
 }
 
 }  // namespace zelorgas

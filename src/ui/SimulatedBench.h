@@ -1,9 +1,11 @@
 // The simulated ECU of the port list, on a line of this process, with what can be done to it from
-// the Tools menu. Its port may be opened and used by any thread; the rest is for the user-interface
-// thread.
+// the Tools menu. It is made when it is first wanted, as most people start the program for a real
+// one. Its port may be opened and used by any thread; the rest is for the user-interface thread.
 #pragma once
 
 #include <filesystem>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,21 +35,31 @@ class SimulatedBench {
   // answers again from the next request on.
   void SetEcuUnplugged(bool unplugged);
   // The adapter: its port is gone, and opens again once it is back.
-  void SetAdapterUnplugged(bool unplugged) { line_.SetPlugged(!unplugged); }
-  void RestartEcu() { ecu_.Restart(); }
-  void EnterBootloader() { ecu_.EnterBootloader(); }
+  void SetAdapterUnplugged(bool unplugged) { Line().SetPlugged(!unplugged); }
+  void RestartEcu() { Ecu().Restart(); }
+  void EnterBootloader() { Ecu().EnterBootloader(); }
   // Writes an image that this ECU starts, kDemoImage, into `folder`, which is made when there is
   // none, and gives its path. Nothing, with the reason in `problem`, when it could not be written.
   [[nodiscard]] static std::optional<std::filesystem::path> WriteDemoImage(
       const std::filesystem::path& folder, Message& problem);
 
-  [[nodiscard]] SimulatedEcu& Ecu() { return ecu_; }
-  [[nodiscard]] SimulatedLine& Line() { return line_; }
+  [[nodiscard]] SimulatedEcu& Ecu() { return Made().ecu; }
+  [[nodiscard]] SimulatedLine& Line() { return Made().line; }
 
  private:
-  SimulatedEcu ecu_;
-  SimulatedLine line_;
-  SerialOpener opener_;
+  struct Bench {
+    SimulatedEcu ecu;
+    SimulatedLine line;
+    SerialOpener opener;
+    Bench(Clock& clock, SimulatedEcuOptions ecu_options, SimulatedLineOptions line_options);
+  };
+  Bench& Made();
+
+  Clock& clock_;
+  SimulatedEcuOptions ecu_options_;
+  SimulatedLineOptions line_options_;
+  std::once_flag made_;
+  std::unique_ptr<Bench> bench_;
 };
 
 }  // namespace zelorgas

@@ -132,7 +132,7 @@ class SurfacePainter {
     QRectF room(0, 0, metrics.horizontalAdvance(text) + 2, metrics.height());
     room.moveCenter(centre);
     // A label that would be cut off moves in.
-    const QRectF view = painter_.window();
+    const QRectF view({}, projection_.View());
     room.moveLeft(std::max(std::min(room.left(), view.right() - room.width()), view.left()));
     room.moveTop(std::max(std::min(room.top(), view.bottom() - room.height()), view.top()));
     // Where the axes meet only one of two labels has room.

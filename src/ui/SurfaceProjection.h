@@ -29,6 +29,7 @@ class SurfaceProjection {
   void Reset();
   // The picture's size, and the room at each side that it leaves for labels.
   void SetView(QSizeF size, QSizeF margin);
+  [[nodiscard]] QSizeF View() const { return size_; }
 
   [[nodiscard]] QPointF Project(const SurfacePoint& point) const;
   // The side of the ground, -1 or 1, that is farther from the viewer.

@@ -4,6 +4,11 @@
 
 namespace zelorgas {
 
+QString Capitalised(QString text) {
+  if (!text.isEmpty()) text[0] = text[0].toUpper();
+  return text;
+}
+
 QString TranslatedMessage(FixedText text) { return TranslatedName(text.English()); }
 
 QString TranslatedMessage(const Message& message) {

@@ -16,6 +16,9 @@ inline constexpr const char* kNoValue = "------";
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+// As the beginning of a line.
+[[nodiscard]] QString Capitalised(QString text);
+
 // What the core has to say, in the person's language.
 [[nodiscard]] QString TranslatedMessage(FixedText text);
 [[nodiscard]] QString TranslatedMessage(const Message& message);

@@ -10,12 +10,13 @@ namespace {
 CommandLine Parse(std::vector<std::string> arguments) { return ParseCommandLine(arguments); }
 
 TEST(WindowCommandLine, TakesItsPartsInAnyOrder) {
-  EXPECT_FALSE(Parse({}).admin || Parse({}).demo);
+  EXPECT_FALSE(Parse({}).admin || Parse({}).demo || Parse({}).documents);
   for (const char* admin : {"admin", "/ADMIN", "-aDmIn"}) {
-    for (const auto& arguments : {std::vector<std::string>{admin, "demo", "/maps/Car 1.FOB"},
-                                  std::vector<std::string>{"/maps/Car 1.FOB", "demo", admin}}) {
+    for (const auto& arguments :
+         {std::vector<std::string>{admin, "demo", "documents", "/maps/Car 1.FOB"},
+          std::vector<std::string>{"/maps/Car 1.FOB", "documents", "demo", admin}}) {
       const CommandLine all = Parse(arguments);
-      EXPECT_TRUE(all.admin && all.demo) << admin;
+      EXPECT_TRUE(all.admin && all.demo && all.documents) << admin;
       EXPECT_EQ(all.file, "/maps/Car 1.FOB");
       EXPECT_EQ(all.problem, "");
     }

@@ -55,9 +55,10 @@ TEST(FileSystemPosix, AWriteThatEndsHalfwayLeavesTheOldFileAlone) {
   ASSERT_TRUE(WriteWholeFile(file, old_contents, reason));
   EXPECT_EXIT(
       {
-        constexpr rlimit kLimit{150'000, 150'000};
+        rlimit limit{};
+        limit.rlim_cur = limit.rlim_max = 150'000;
         std::signal(SIGXFSZ, SIG_IGN);
-        const bool limited = setrlimit(RLIMIT_FSIZE, &kLimit) == 0;
+        const bool limited = setrlimit(RLIMIT_FSIZE, &limit) == 0;
         const bool written = WriteWholeFile(file, std::string(200'000, 'n'), reason);
         std::_Exit(limited && !written && !reason.empty() ? EXIT_SUCCESS : EXIT_FAILURE);
       },

@@ -143,4 +143,19 @@ TEST(Translations, HaveTheShapeOfTheirOriginals) {
   EXPECT_THAT(Misshapen(BulgarianOfQt()), IsEmpty());
 }
 
+// A word of four Latin letters is English, but for names, keys and what is typed.
+TEST(Translations, LeaveNothingInEnglish) {
+  const QRegularExpression names(
+      "backup|Ctrl|Doctype|Enter|GridRow|Home|Modbus|Outlet|RegOpenKeyEx|Windows( sockets)?|"
+      "zelorgas( \\[[a-z]+\\])+|ZelorGAS");
+  const QRegularExpression english("[A-Za-z][a-z]{3}");
+  std::vector<std::string> left;
+  for (const Translations& texts : {Bulgarian(), BulgarianOfQt()}) {
+    for (const auto& [key, translation] : texts) {
+      if (translation.forms.join(' ').remove(names).contains(english)) left.push_back(Name(key));
+    }
+  }
+  EXPECT_THAT(left, IsEmpty());
+}
+
 }  // namespace

@@ -63,6 +63,24 @@ TEST(Window, APulledPlugDisablesThePagesAndHealsByItself) {
   }
 }
 
+TEST(Window, AMessageAndTheStateAreReadInANarrowWindow) {
+  FastClock clock;
+  UiBench bench(clock);
+  ASSERT_TRUE(bench.Connect());
+  const auto& port = bench.Find<QLabel>("status_port");
+  for (const char* const text : {"The ECU does not answer.", ""}) {
+    bench.frame->ShowMessage(text);
+    bench.frame->resize(480, 1);
+    for (const char* const name : {"status_message", "communication_state"}) {
+      const auto& shown = bench.Find<QLabel>(name);
+      EXPECT_TRUE(UiBench::WaitFor([&] { return shown.width() >= shown.sizeHint().width(); }))
+          << name << " " << shown.text().toStdString();
+    }
+  }
+  bench.frame->resize(1200, 760);
+  EXPECT_TRUE(UiBench::WaitFor([&] { return port.width() >= port.sizeHint().width(); }));
+}
+
 TEST(Window, AnotherEcuOnTheSameCableIsConnectedToAnew) {
   FastClock clock;
   UiBench bench(clock);

@@ -85,6 +85,7 @@ TEST_F(FilesPage, StoresFindsComparesAndLoads) {
   auto& table = bench_.Find<QTreeWidget>("difference_table");
   ASSERT_EQ(table.topLevelItemCount(), 1);
   EXPECT_EQ(table.topLevelItem(0)->text(2), "1.99");
+  EXPECT_EQ(bench_.Text("difference_heading"), "mine.fob and the ECU differ in 1 value.");
 
   bench_.OpenTab("Correction grid");
   bench_.Find<QAction>("step_up_action").trigger();

@@ -3,8 +3,10 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -14,6 +16,10 @@
 
 #include "app/EcuConnection.h"
 #include "support/VirtualClock.h"
+#include "ui/CBootDlg.h"
+#include "ui/CCellChangeDlg.h"
+#include "ui/CFileDlg.h"
+#include "ui/CStoreDlg.h"
 #include "ui/LanguageTexts.h"
 #include "ui/Text.h"
 #include "ui/UiBench.h"
@@ -55,6 +61,10 @@ TEST(Language, WindowMessagesAndQtSpeakTheStoredOne) {
     EXPECT_EQ(TranslatedName("VALTEK"), "VALTEK") << "a product's name";
     const QDialogButtonBox buttons(QDialogButtonBox::Cancel);
     EXPECT_EQ(buttons.button(QDialogButtonBox::Cancel)->text(), "Отказ");
+    const auto& languages = bench.Find<QComboBox>("language_list");
+    EXPECT_EQ(languages.itemText(0), "Български");
+    EXPECT_EQ(languages.itemText(1), "English (Английски)")
+        << "also for who has taken the wrong one";
   }
   EXPECT_EQ(TranslatedMessage(kPortBusy), ToQString(kPortBusy)) << "the texts have gone";
 }
@@ -79,7 +89,7 @@ TEST(Language, NoTextOfTheWindowIsLeftOut) {
     }
   }
   EXPECT_GT(texts.size(), 200U);
-  const QRegularExpression names("backup|Enter|Home|Zelor[A-Z]|Lambda|Accum|deltaP");
+  const QRegularExpression names("backup|Enter|Home|Outlet|Zelor[A-Z]|Lambda|Accum|deltaP");
   const QRegularExpression english("[a-z]{4,}");
   std::vector<std::string> left;
   for (const QString& text : texts) {
@@ -88,23 +98,61 @@ TEST(Language, NoTextOfTheWindowIsLeftOut) {
   EXPECT_THAT(left, IsEmpty());
 }
 
-// Of two commands with the same letter the keyboard reaches only one at once.
-TEST(Language, MnemonicsOfAMenuDiffer) {
+// The texts whose letters are reached at once in a menu, and on a page or in a dialog.
+QStringList TextsOf(const QList<QAction*>& actions) {
+  QStringList texts;
+  for (const auto* const action : actions) texts += action->text();
+  return texts;
+}
+QStringList TextsOf(const QWidget& widget) {
+  QStringList texts;
+  for (const auto* const button : widget.findChildren<QAbstractButton*>()) texts += button->text();
+  for (const auto* const label : widget.findChildren<QLabel*>()) {
+    if (label->buddy() != nullptr) texts += label->text();
+  }
+  return texts;
+}
+
+// Qt puts one of its menus together of the texts of two classes. Its English has a letter twice.
+QStringList TextsOfASpinBoxMenu() {
+  QLineEdit field;
+  QStringList texts = TextsOf(field.createStandardContextMenu()->actions());
+  for (const char* const text : {"&Select All", "&Step up", "Step &down"}) {
+    texts += QCoreApplication::translate("QAbstractSpinBox", text);
+  }
+  return texts;
+}
+
+// Of two things with the same letter the keyboard reaches only one at once.
+TEST(Language, MnemonicsOfAMenuAPageAndADialogDiffer) {
   VirtualClock clock;
   for (const bool bulgarian : {false, true}) {
     const std::unique_ptr<InBulgarian> language =
         bulgarian ? std::make_unique<InBulgarian>() : nullptr;
     UiBench bench(clock);
-    QList<QList<QAction*>> groups{bench.frame->menuBar()->actions()};
-    for (const auto* const menu : bench.frame->findChildren<QMenu*>()) groups += menu->actions();
+    const CStoreDlg store(bench.settings, bench.folder.Path(), nullptr);
+    const CFileDlg open(CFileDlg::Purpose::kOpen, {}, bench.folder.Path(), ".osc", nullptr);
+    const CFileDlg save(CFileDlg::Purpose::kSave, {}, bench.folder.Path(), ".osc", nullptr);
+    const CCellChangeDlg change({}, 1, nullptr);
+    const CBootDlg boot(bench.document, bench.boxes,
+                        {[] { return std::vector<FirmwareImage>(); }, {}}, {}, {}, nullptr);
+    QList<QStringList> groups{TextsOf(store), TextsOf(open), TextsOf(save), TextsOf(change),
+                              TextsOf(boot)};
+    if (bulgarian) groups += TextsOfASpinBoxMenu();
+    for (const auto* const menu : bench.frame->findChildren<QMenu*>()) {
+      groups += TextsOf(menu->actions());
+    }
+    OpenEveryTab(bench);
+    const auto& tabs = bench.Find<QTabWidget>("tabs");
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+      groups += TextsOf(bench.frame->menuBar()->actions()) + TextsOf(*tabs.widget(tab));
+    }
     std::vector<std::string> twice;
-    for (const QList<QAction*>& group : groups) {
+    for (const QStringList& group : groups) {
       std::set<QKeySequence> taken;
-      for (const auto* const action : group) {
-        const QKeySequence key = QKeySequence::mnemonic(action->text());
-        if (!key.isEmpty() && !taken.insert(key).second) {
-          twice.push_back(action->text().toStdString());
-        }
+      for (const QString& text : group) {
+        const QKeySequence key = QKeySequence::mnemonic(text);
+        if (!key.isEmpty() && !taken.insert(key).second) twice.push_back(text.toStdString());
       }
     }
     EXPECT_THAT(twice, IsEmpty());
