@@ -7,7 +7,6 @@ set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 
 # The languages' libraries are installed to lib/zelorgas, see src/translations.
 install(TARGETS zelorgas zelorgas-cli zelorgas-ecusim RUNTIME DESTINATION bin)
-install(PROGRAMS ${packaging}/debian/start DESTINATION lib/zelorgas)
 configure_file(${packaging}/debian/zelorgas.desktop.in ${CMAKE_BINARY_DIR}/zelorgas.desktop @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/zelorgas.desktop DESTINATION share/applications)
 install(FILES ${packaging}/debian/zelorgas.xml DESTINATION share/mime/packages)
@@ -73,7 +72,8 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "hicolor-icon-theme, shared-mime-info, xdg-user-dirs")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS 
+  "desktop-file-utils, hicolor-icon-theme, shared-mime-info, xdg-user-dirs")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${packaging}/debian/postinst ${packaging}/debian/postrm)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 include(CPack)

@@ -122,3 +122,14 @@ prepare_qt() {
   touch "$QT_FOLDER/ready"
   rm -rf "$QT_WORK"
 }
+
+# remove_other_qts: takes what was built for other versions or by other recipes out of the cache.
+remove_other_qts() {
+  local folder
+  for folder in "${QT_FOLDER%-*}"-*/; do
+    if [[ ${folder%/} != "$QT_FOLDER" ]]; then
+      echo "Removing ${folder%/}, which nothing is built with any more"
+      rm -rf "$folder"
+    fi
+  done
+}

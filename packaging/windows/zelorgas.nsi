@@ -43,11 +43,14 @@ VIAddVersionKey LegalCopyright "GPL-3.0-or-later"
 !insertmacro MUI_LANGUAGE English
 !insertmacro MUI_LANGUAGE Bulgarian
 
-LangString STILL_RUNS ${LANG_ENGLISH} "${NAME} is running. Please close it and try again."
-LangString STILL_RUNS ${LANG_BULGARIAN} "${NAME} работи. Моля, затворете я и опитайте отново."
+; $1 is the file.
+LangString STILL_RUNS ${LANG_ENGLISH} "${NAME} is running ($1). Please close it and try again."
+LangString STILL_RUNS ${LANG_BULGARIAN} "${NAME} работи ($1). Моля, затворете я и опитайте отново."
 
 ; Files and stored configurations lie below the folder that the program is started in.
 !define WORKING_FOLDER "$DOCUMENTS\${NAME}"
+!define WINDOW_ENTRY "$SMPROGRAMS\${NAME}.lnk"
+!define COMMAND_LINE_ENTRY "$SMPROGRAMS\${NAME} command line.lnk"
 
 Function StartProgram
   SetOutPath "${WORKING_FOLDER}"
@@ -55,21 +58,30 @@ Function StartProgram
 FunctionEnd
 
 ; A running program's file cannot be written.
-!macro StopWhileRunning
-  retry:
-  ClearErrors
-  ${If} ${FileExists} "$INSTDIR\zelorgas.exe"
-    FileOpen $0 "$INSTDIR\zelorgas.exe" a
-    ${If} ${Errors}
-      MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(STILL_RUNS)" /SD IDCANCEL IDRETRY retry
+!macro StopWhileRuns FILE
+  StrCpy $1 "${FILE}"
+  ${DoWhile} ${FileExists} "$INSTDIR\$1"
+    ClearErrors
+    FileOpen $0 "$INSTDIR\$1" a
+    ${IfNot} ${Errors}
+      FileClose $0
+      ${ExitDo}
+    ${EndIf}
+    ${If} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(STILL_RUNS)" /SD IDCANCEL IDCANCEL`
       SetErrorLevel 1
       Quit
     ${EndIf}
-    FileClose $0
-  ${EndIf}
+  ${Loop}
 !macroend
 
-; Opens files with this ending by the program. What had the ending before is kept for the uninstaller.
+!macro StopWhileRunning
+  !insertmacro StopWhileRuns zelorgas.exe
+  !insertmacro StopWhileRuns zelorgas-cli.exe
+  !insertmacro StopWhileRuns ZelorGas_bg.dll
+!macroend
+
+; Opens files with this ending by the program, which then works in the same folder as from the Start menu,
+; not in the file's. What had the ending before is kept for the uninstaller.
 !macro Associate ENDING FILE_TYPE DESCRIPTION
   ReadRegStr $0 HKCU "${CLASSES}\${ENDING}" ""
   ${If} $0 != "${FILE_TYPE}"
@@ -79,7 +91,7 @@ FunctionEnd
   WriteRegStr HKCU "${CLASSES}\${ENDING}" "" "${FILE_TYPE}"
   WriteRegStr HKCU "${CLASSES}\${FILE_TYPE}" "" "${DESCRIPTION}"
   WriteRegStr HKCU "${CLASSES}\${FILE_TYPE}\DefaultIcon" "" "$INSTDIR\zelorgas.exe,0"
-  WriteRegStr HKCU "${CLASSES}\${FILE_TYPE}\shell\open\command" "" '"$INSTDIR\zelorgas.exe" "%1"'
+  WriteRegStr HKCU "${CLASSES}\${FILE_TYPE}\shell\open\command" "" '"$INSTDIR\zelorgas.exe" documents "%1"'
 !macroend
 
 !macro Dissociate ENDING FILE_TYPE
@@ -114,7 +126,9 @@ Section
   ; Here the person puts the ECU's firmware images.
   CreateDirectory "${WORKING_FOLDER}\firmware"
   SetOutPath "${WORKING_FOLDER}"
-  CreateShortcut "$SMPROGRAMS\${NAME}.lnk" "$INSTDIR\zelorgas.exe"
+  CreateShortcut "${WINDOW_ENTRY}" "$INSTDIR\zelorgas.exe"
+  CreateShortcut "${COMMAND_LINE_ENTRY}" "$SYSDIR\cmd.exe" '/k set "PATH=$INSTDIR;%PATH%"' \
+    "$INSTDIR\zelorgas-cli.exe"
 
   !insertmacro Associate .fob zelorgas.Document "ZelorGAS configuration"
   !insertmacro Associate .osc zelorgas.Recording "ZelorGAS recording"
@@ -133,10 +147,29 @@ Section
   WriteRegDWORD HKCU "${UNINSTALL_KEY}" EstimatedSize $0
 SectionEnd
 
-; What the person made stays: stored configurations, recordings, firmware images.
+; $1 is then the name of an ECU whose configuration is still to be put back after a firmware update, which
+; the settings remember; empty when there is none.
+Function un.FindConfigurationToPutBack
+  StrCpy $0 0
+  ${Do}
+    EnumRegValue $1 HKCU "${SETTINGS_KEY}\FirmwareBackups" $0
+    ${If} $1 == ""
+      Return
+    ${EndIf}
+    ReadRegStr $2 HKCU "${SETTINGS_KEY}\FirmwareBackups" $1
+    ${If} $2 != ""
+      Return
+    ${EndIf}
+    IntOp $0 $0 + 1
+  ${Loop}
+FunctionEnd
+
+; What the person made stays: stored configurations, recordings, firmware images; and the settings, as
+; long as an installation anew has to find in them what is still to be done to an ECU.
 Section Uninstall
   !insertmacro StopWhileRunning
-  Delete "$SMPROGRAMS\${NAME}.lnk"
+  Delete "${WINDOW_ENTRY}"
+  Delete "${COMMAND_LINE_ENTRY}"
   Delete "$INSTDIR\zelorgas.exe"
   Delete "$INSTDIR\zelorgas-cli.exe"
   Delete "$INSTDIR\ZelorGas_bg.dll"
@@ -152,6 +185,9 @@ Section Uninstall
   !insertmacro Dissociate .osc zelorgas.Recording
   !insertmacro TellExplorer
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
-  DeleteRegKey HKCU "${SETTINGS_KEY}"
-  DeleteRegKey /ifempty HKCU "Software\Tarnwick"
+  Call un.FindConfigurationToPutBack
+  ${If} $1 == ""
+    DeleteRegKey HKCU "${SETTINGS_KEY}"
+    DeleteRegKey /ifempty HKCU "Software\Tarnwick"
+  ${EndIf}
 SectionEnd

@@ -69,7 +69,7 @@ class WindowSession : public testing::Test, protected WindowUser {
     ASSERT_TRUE(WaitFor([&] { return Find<QWidget>(button).isEnabled(); })) << button;
     Click(button);
   }
-  // Fills the dialog that comes up next, and presses Store.
+  // Fills the dialog that the click on an enabled button brings up, and presses Store.
   void StoreNextAs(const QString& brand, const QString& name, const QString& notes) const {
     QTimer::singleShot(0, frame_, [=, this] {
       auto* const dialog = frame_->findChild<CStoreDlg*>();
@@ -113,8 +113,9 @@ TEST_F(WindowSession, FromConnectingToDisconnecting) {
   ASSERT_TRUE(WaitUntilIdle());
 
   OpenTab("Files");
+  ASSERT_TRUE(WaitFor([&] { return Find<QWidget>("files_store").isEnabled(); }));
   StoreNextAs("OPEL", "session", "празен ход");
-  ClickWhenPossible("files_store");
+  Click("files_store");
   const std::filesystem::path file = StorageFolder(WorkingFolder(), 0, "OPEL") / "session.fob";
   EXPECT_TRUE(WaitFor([&] { return std::filesystem::exists(file); }))
       << testing::PrintToString(agreeing_.said);
