@@ -34,17 +34,9 @@ class StripArea final : public QScrollArea {
     layout->setContentsMargins({});
     for (QWidget* const strip : strips) layout->addWidget(strip);
     setWidget(content);
-    parent->installEventFilter(this);
   }
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    const bool filtered = QScrollArea::eventFilter(watched, event);
-    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) Fit();
-    return filtered;
-  }
-
- private:
+  // To be called when the parent has another size.
   void Fit() {
     constexpr double kShare = 0.45;
     const QSize wanted = widget()->minimumSizeHint();
@@ -52,6 +44,14 @@ class StripArea final : public QScrollArea {
     const int bar = wanted.height() > most ? verticalScrollBar()->sizeHint().width() : 0;
     setMinimumWidth(wanted.width() + bar);
     setFixedHeight(std::min(wanted.height(), most));
+  }
+
+ protected:
+  // A scroll area watches its content.
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool filtered = QScrollArea::eventFilter(watched, event);
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) Fit();
+    return filtered;
   }
 };
 
@@ -79,7 +79,9 @@ ClpgecuView::ClpgecuView(UiContext& context, QWidget* parent) : QWidget(parent),
 
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(8, 8, 8, 0);
-  layout->addWidget(new StripArea({live_strip_, cylinder_strip_}, this));
+  auto* const strips = new StripArea({live_strip_, cylinder_strip_}, this);
+  layout->addWidget(strips);
+  connect(this, &ClpgecuView::Resized, strips, &StripArea::Fit);
   layout->addWidget(tabs_, 1);
 
   answer_timer_.setInterval(kAnswerWatchMs);
@@ -95,6 +97,11 @@ ClpgecuView::ClpgecuView(UiContext& context, QWidget* parent) : QWidget(parent),
 }
 
 ClpgecuView::~ClpgecuView() { context_.status.Box().SetReceiver(nullptr); }
+
+void ClpgecuView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  emit Resized();
+}
 
 void ClpgecuView::AddPage(const QString& title, CPageFrame::Needs needs,
                           CPageFrame::PageMaker make) {

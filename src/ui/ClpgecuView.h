@@ -54,10 +54,12 @@ class ClpgecuView final : public QWidget {
   void BecameIdle();
   // What was said as `text` in the status line is over.
   void MessageOver(const QString& text);
+  void Resized();
 
  protected:
   // The status sink's post box has something.
   void customEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void OnCommStatus(CommStatus status);
